@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Velmora/platform/DesktopCoordinates.h"
+#include "Velmora/platform/Displays.h"
+
+#include <QObject>
+#include <QTimer>
+
+class QScreen;
+
+namespace velmora {
+
+/// The displays as the toolkit sees them.
+class ToolkitDisplays final : public QObject, public Displays {
+    Q_OBJECT
+
+public:
+    ToolkitDisplays();
+
+    [[nodiscard]] std::vector<Display> all() const override;
+    [[nodiscard]] std::optional<DisplayId> main() const override;
+
+    /// The toolkit's screen of a display, or none when it has gone.
+    [[nodiscard]] static QScreen* screen(std::optional<DisplayId> id);
+    /// The display of a toolkit screen; absent for no screen.
+    [[nodiscard]] static std::optional<DisplayId> id(QScreen const* screen);
+    /// The conversion that holds while the primary display stays as it is.
+    [[nodiscard]] static DesktopCoordinates coordinates();
+
+Q_SIGNALS:
+    /// A display came, went, moved, changed its size or scale, or became the primary one, and a
+    /// fifth of a second has passed in which nothing more of the kind happened: in between, the
+    /// toolkit reports mixtures of old and new.
+    void settled();
+
+private:
+    void watch(QScreen* screen);
+    void disturb();
+
+    QTimer m_quiet;
+};
+
+} // namespace velmora
