@@ -16,9 +16,8 @@ public:
     /// The loudness of the next `play`: linear amplitude, 0 (silent) to 1 (as recorded).
     virtual void setVolume(float volume) = 0;
 
-    /// Where the next `play` starts, in seconds from the sound's beginning; 0 stops one that is
-    /// sounding.
-    virtual void setCurrentTime(double seconds) = 0;
+    /// Makes the next `play` start at the sound's beginning, also when it is sounding now.
+    virtual void rewind() = 0;
 
     /// Starts sounding; heard nowhere when there is no sound server.
     virtual void play() = 0;

@@ -25,7 +25,7 @@ void ChimePlayer::play(double volume)
     // The comparison is false for a value that is not a number as well.
     double const audible = volume >= 0 ? std::min(volume, 1.0) : 0.0;
     player->setVolume(static_cast<float>(audible));
-    player->setCurrentTime(0);
+    player->rewind();
     player->play();
 }
 

@@ -22,11 +22,10 @@ public:
     bool playable = true;
     /// Every file that was tried, in order.
     std::vector<std::filesystem::path> loaded;
-    /// What the players were told, in order: "prepare", "volume", "seek", "play".
+    /// What the players were told, in order: "prepare", "volume", "rewind", "play".
     std::vector<std::string> calls;
-    /// The arguments of "volume" and "seek".
+    /// The arguments of "volume".
     std::vector<float> volumes;
-    std::vector<double> seeks;
 
 private:
     class Player final : public SoundPlayer {
@@ -44,11 +43,7 @@ private:
             m_sound.volumes.push_back(volume);
         }
 
-        void setCurrentTime(double seconds) override
-        {
-            m_sound.calls.emplace_back("seek");
-            m_sound.seeks.push_back(seconds);
-        }
+        void rewind() override { m_sound.calls.emplace_back("rewind"); }
 
         void play() override { m_sound.calls.emplace_back("play"); }
 

@@ -49,7 +49,7 @@ TEST_F(ChimePlayerTest, PreparingTwiceLoadsOnce)
 TEST_F(ChimePlayerTest, PlayingUnpreparedLoadsFirst)
 {
     chime.play(0.5);
-    EXPECT_EQ(sound.calls, (Calls{"prepare", "volume", "seek", "play"}));
+    EXPECT_EQ(sound.calls, (Calls{"prepare", "volume", "rewind", "play"}));
     EXPECT_EQ(sound.loaded, std::vector<std::filesystem::path>{"/program/chime.wav"});
 }
 
@@ -58,8 +58,8 @@ TEST_F(ChimePlayerTest, ASecondChimeRestartsTheOneSoundFromItsBeginning)
     chime.play(0.5);
     chime.play(0.5);
     EXPECT_EQ(sound.loaded.size(), 1U);
-    EXPECT_EQ(sound.seeks, (std::vector<double>{0, 0}));
-    EXPECT_EQ(sound.calls, (Calls{"prepare", "volume", "seek", "play", "volume", "seek", "play"}));
+    EXPECT_EQ(
+        sound.calls, (Calls{"prepare", "volume", "rewind", "play", "volume", "rewind", "play"}));
 }
 
 TEST_F(ChimePlayerTest, VolumesFromZeroToOneAreKept)
@@ -116,7 +116,7 @@ TEST_F(ChimePlayerTest, AFilePutBackIsPlayedByTheNextChime)
     resources.file = "/elsewhere/chime.wav";
     chime.play(0.5);
     EXPECT_EQ(sound.loaded, std::vector<std::filesystem::path>{"/elsewhere/chime.wav"});
-    EXPECT_EQ(sound.calls, (Calls{"prepare", "volume", "seek", "play"}));
+    EXPECT_EQ(sound.calls, (Calls{"prepare", "volume", "rewind", "play"}));
 }
 
 TEST_F(ChimePlayerTest, MissingAgainAfterAnUnreadableFileIsNotReportedAgain)
