@@ -1,0 +1,9 @@
+"""Private desktops for testing Velmora as its users meet it."""
+
+from .desktop import Desktop
+from .display_server import Head
+from .program import Program, program_path
+from .waiting import NotInTime, wait_for, watch
+from .x11 import Rectangle
+
+__all__ = ["Desktop", "Head", "NotInTime", "Program", "Rectangle", "program_path", "wait_for", "watch"]

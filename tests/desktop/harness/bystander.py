@@ -1,0 +1,46 @@
+"""An ordinary window that lies beneath the orb, and tells what reaches it."""
+
+import subprocess
+from pathlib import Path
+
+from .processes import Processes
+from .waiting import wait_for
+from .x11 import X11, Rectangle, Window
+
+_WINDOW = Path(__file__).with_name("letter_window.py")
+
+
+class Bystander:
+    """An ordinary window of another program."""
+
+    def __init__(self, processes: Processes, x11: X11, title: str, place: Rectangle):
+        self._processes = processes
+        self._x11 = x11
+        self.title = title
+        self._log = processes.log(f"window-{title}")
+        self.process: subprocess.Popen = processes.start(
+            f"window-{title}", ["/usr/bin/python3", "-u", str(_WINDOW), title,
+                                    str(place.x), str(place.y), str(place.width), str(place.height)])
+
+    def wait(self) -> Window:
+        """Returns when the window is seen."""
+        wait_for(lambda: "drawn" in self.events(), 10, f"the window {self.title!r}")
+        return wait_for(self.window, 5, f"the window {self.title!r}")
+
+    def window(self) -> Window | None:
+        """The window as it is now."""
+        return next((window for window in self._x11.windows()
+                     if window.pid == self.process.pid and window.title == self.title), None)
+
+    def events(self) -> list[str]:
+        """What has reached the window: "press 1 40 52" (button, x, y), "scroll", "motion", "focus", "drawn"."""
+        return self._log.read_text().splitlines()
+
+    def presses(self) -> list[tuple[int, int, int]]:
+        """The presses that have reached it: button, x and y in the window."""
+        return [tuple(int(word) for word in line.split()[1:])
+                for line in self.events() if line.startswith("press ")]
+
+    def close(self) -> None:
+        """Ends the program of the window."""
+        self._processes.end(self.process)

@@ -1,0 +1,162 @@
+"""The X server: Xorg on its dummy driver, or Xvfb where that is missing."""
+
+import os
+import re
+import shutil
+import subprocess
+from dataclasses import dataclass
+from pathlib import Path
+
+from .processes import Processes
+from .waiting import wait_for
+
+_DUMMY_DRIVER = Path("/usr/lib/xorg/modules/drivers/dummy_drv.so")
+_TEST_INPUT_DRIVER = Path("/usr/lib/xorg/modules/input/inputtest_drv.so")
+
+_CONFIGURATION = """
+Section "ServerFlags"
+    Option "AutoAddDevices" "false"
+    Option "AutoEnableDevices" "false"
+    Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+    Identifier "card"
+    Driver "dummy"
+    VideoRam 262144
+EndSection
+Section "Monitor"
+    Identifier "monitor"
+    HorizSync 5-1000
+    VertRefresh 5-300
+    Modeline {modeline}
+EndSection
+Section "Screen"
+    Identifier "screen"
+    Device "card"
+    Monitor "monitor"
+    DefaultDepth 24
+    SubSection "Display"
+        Depth 24
+        Modes {mode}
+        Virtual {width} {height}
+    EndSubSection
+EndSection
+"""
+_TOUCHPAD = """
+Section "InputDevice"
+    Identifier "touchpad"
+    Driver "inputtest"
+    Option "SocketPath" "{socket}"
+    Option "DeviceType" "PointerGesture"
+EndSection
+Section "ServerLayout"
+    Identifier "layout"
+    Screen "screen"
+    InputDevice "touchpad"
+EndSection
+"""
+
+
+@dataclass(frozen=True)
+class Head:
+    """One display of the desktop, in device pixels; x and y name its top-left corner."""
+
+    width: int = 1280
+    height: int = 800
+    x: int = 0
+    y: int = 0
+
+
+class DisplayServer:
+    """An X server of its own, with displays that can be plugged, unplugged and resized."""
+
+    def __init__(self, processes: Processes, heads: list[Head]):
+        """Starts the server with the first head; `wait` plugs in the others."""
+        self._processes = processes
+        self._heads = heads
+        self._modes: set[tuple[str, str]] = set()
+        self.touchpad_socket: Path | None = None
+        read, write = os.pipe()
+        dummy = _DUMMY_DRIVER.exists() and shutil.which("Xorg")
+        command = self._dummy(heads[0]) if dummy else self._framebuffer(heads[0])
+        self.pluggable = bool(dummy)
+        self.process = processes.start(
+            "display", [*command, "-displayfd", str(write), "-noreset", "-nolisten", "tcp"],
+            pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise RuntimeError(f"no X server: {processes.log('display').read_text()[-2000:]}")
+        self.name = f":{number}"
+
+    def wait(self) -> None:
+        """Returns when every display of the desktop is plugged in."""
+        wait_for(lambda: Path(f"/tmp/.X11-unix/X{self.name[1:]}").exists(), 5, "the X server")
+        for index, head in enumerate(self._heads):
+            if index > 0:
+                self.plug(index, head)
+
+    def plug(self, index: int, head: Head) -> None:
+        """Plugs in the display of that index, or gives it another size or place."""
+        self._xrandr("--output", _output(index), "--mode", self._mode(index, head), "--pos",
+                     f"{head.x}x{head.y}")
+
+    def unplug(self, index: int) -> None:
+        """Takes the display of that index away."""
+        self._xrandr("--output", _output(index), "--off")
+
+    def make_primary(self, index: int) -> None:
+        """Makes the display of that index the primary one."""
+        self._xrandr("--output", _output(index), "--primary")
+
+    def plugged(self) -> dict[int, Head]:
+        """Every display that shows something now, by its index."""
+        found = {}
+        for match in re.finditer(r"^DUMMY(\d+) connected (?:primary )?(\d+)x(\d+)\+(\d+)\+(\d+)",
+                                 self._xrandr(), re.MULTILINE):
+            index, width, height, x, y = map(int, match.groups())
+            found[index] = Head(width, height, x, y)
+        return found
+
+    def _dummy(self, head: Head) -> list[str]:
+        folder = self._processes.folder
+        text = _CONFIGURATION.format(modeline=_modeline("start", head), mode='"start"',
+                                     width=head.width, height=head.height)
+        if _TEST_INPUT_DRIVER.exists():
+            self.touchpad_socket = folder / "touchpad"
+            text += _TOUCHPAD.format(socket=self.touchpad_socket)
+        (folder / "xorg.conf").write_text(text)
+        return ["Xorg", "-config", str(folder / "xorg.conf"),
+                "-logfile", str(self._processes.log("xorg"))]
+
+    def _framebuffer(self, head: Head) -> list[str]:
+        return ["Xvfb", "-screen", "0", f"{head.width}x{head.height}x24", "+extension", "Composite"]
+
+    def _mode(self, index: int, head: Head) -> str:
+        name = f"{head.width}x{head.height}v"
+        if not any(mode == name for _, mode in self._modes):
+            self._xrandr("--newmode", *_modeline(name, head).replace('"', "").split())
+        if (_output(index), name) not in self._modes:
+            self._xrandr("--addmode", _output(index), name)
+            self._modes.add((_output(index), name))
+        return name
+
+    def _xrandr(self, *arguments: str) -> str:
+        done = subprocess.run(["xrandr", "--display", self.name, *arguments], capture_output=True,
+                              text=True, timeout=10, env=self._processes.environment)
+        if done.returncode != 0:
+            raise RuntimeError(f"xrandr {' '.join(arguments)}: {done.stderr.strip()}")
+        return done.stdout
+
+
+def _output(index: int) -> str:
+    return f"DUMMY{index}"
+
+
+def _modeline(name: str, head: Head) -> str:
+    # The dummy driver shows nothing to anybody, so any blanking will do, at about 60 Hz.
+    across, down = head.width + 160, head.height + 30
+    clock = across * down * 60 / 1e6
+    return (f'"{name}" {clock:.2f} {head.width} {head.width + 40} {head.width + 80} {across} '
+            f"{head.height} {head.height + 3} {head.height + 6} {down}")

@@ -1,0 +1,37 @@
+"""A system bus whose login manager says what a test wants to hear."""
+
+from gi.repository import GLib
+
+from .bus import Bus
+from .processes import Processes
+from .waiting import wait_for
+
+NAME = "org.freedesktop.login1"
+PATH = "/org/freedesktop/login1"
+MANAGER = "org.freedesktop.login1.Manager"
+
+
+class Logind:
+    """A mocked login manager that sends a machine to sleep and wakes it, in name only."""
+
+    def __init__(self, processes: Processes, system_bus: Bus):
+        self._bus = system_bus
+        system_bus.wait()
+        self.process = processes.start(
+            "logind", ["/usr/bin/python3", "-m", "dbusmock", "--system", "--template", "logind"])
+
+    def wait(self) -> None:
+        """Returns when the login manager answers."""
+        wait_for(lambda: self._bus.owner(NAME), 10, "the login manager")
+
+    def going_to_sleep(self) -> None:
+        """Announces that the machine is about to sleep."""
+        self._prepare_for_sleep(True)
+
+    def woke_up(self) -> None:
+        """Announces that the machine has woken up."""
+        self._prepare_for_sleep(False)
+
+    def _prepare_for_sleep(self, sleeping: bool) -> None:
+        self._bus.call(NAME, PATH, "org.freedesktop.DBus.Mock", "EmitSignal", GLib.Variant(
+            "(sssav)", (MANAGER, "PrepareForSleep", "b", [GLib.Variant("b", sleeping)])))

@@ -1,0 +1,144 @@
+"""A sound server without a sound card, and an ear on its output."""
+
+import math
+import signal
+import subprocess
+import threading
+import time
+from dataclasses import dataclass
+from pathlib import Path
+
+import numpy
+
+from .processes import Processes
+from .waiting import wait_for
+
+RATE = 48000
+_SILENCE = -120.0
+
+
+class SoundServer:
+    """PulseAudio with a single sink that plays into nothing, in real time."""
+
+    def __init__(self, processes: Processes):
+        """Starts the server. Use `wait` before the first sound."""
+        self._processes = processes
+        self._socket = Path(processes.environment["XDG_RUNTIME_DIR"]) / "pulse" / "native"
+        self.process: subprocess.Popen | None = None
+        self.start()
+
+    def start(self) -> None:
+        """Starts the server, anew after a `stop`."""
+        # Without norewinds the sink renders two seconds at a time, and no timing is right.
+        self.process = self._processes.start("sound", [
+            "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
+            "--realtime=no", "--high-priority=no", "--use-pid-file=no",
+            "-L", f"module-native-protocol-unix auth-anonymous=1 socket={self._socket}",
+            "-L", f"module-null-sink sink_name=null norewinds=1 rate={RATE}"])
+
+    def wait(self) -> None:
+        """Returns when the server takes connections."""
+        wait_for(self._socket.exists, 5, "the sound server")
+
+    def stop(self) -> None:
+        """Ends the server; programs lose their connection."""
+        self._processes.end(self.process)
+        self._socket.unlink(missing_ok=True)
+
+    def hang(self) -> None:
+        """The server stops answering, and keeps its socket open."""
+        self.process.send_signal(signal.SIGSTOP)
+
+    def resume(self) -> None:
+        """Ends a `hang`."""
+        self.process.send_signal(signal.SIGCONT)
+
+    def listen(self) -> "SoundProbe":
+        """Starts to record what the sink plays."""
+        return SoundProbe(self._processes)
+
+
+@dataclass(frozen=True)
+class Moment:
+    """Ten milliseconds of sound: when it was heard (monotonic), and how loud (dBFS)."""
+
+    when: float
+    rms: float
+    peak: float
+
+
+class SoundProbe:
+    """Records the sink's output and tells how loud it was when. Use it in a `with`."""
+
+    def __init__(self, processes: Processes):
+        self._processes = processes
+        self._samples: list[tuple[float, numpy.ndarray]] = []
+        self._lock = threading.Lock()
+        self._recorder = processes.start(
+            "recorder", ["parec", "-d", "null.monitor", "--latency-msec=20", "--format=s16le",
+                         f"--rate={RATE}", "--channels=1", "--raw"], stdout=subprocess.PIPE)
+        self._reader = threading.Thread(target=self._read, daemon=True)
+        self._reader.start()
+        # Before the first samples arrive, a sound could be missed.
+        wait_for(self.seconds, 5, "the recorder to hear the sink")
+
+    def __enter__(self) -> "SoundProbe":
+        return self
+
+    def __exit__(self, *_exception) -> None:
+        self.close()
+
+    def close(self) -> None:
+        """Stops recording; what was heard stays."""
+        self._processes.end(self._recorder)
+        self._reader.join(5)
+
+    def seconds(self) -> float:
+        """How much has been recorded."""
+        with self._lock:
+            return sum(len(samples) for _, samples in self._samples) / RATE
+
+    def moments(self, since: float = 0.0) -> list[Moment]:
+        """Loudness in steps of 10 ms, from the monotonic instant `since` on."""
+        with self._lock:
+            chunks = list(self._samples)
+        if not chunks:
+            return []
+        # The last chunk arrived when it was read; everything before it lies that much earlier.
+        sound = numpy.concatenate([samples for _, samples in chunks]).astype(float) / 32768
+        end = chunks[-1][0]
+        step = RATE // 100
+        rows = sound[:len(sound) // step * step].reshape(-1, step)
+        start = end - len(sound) / RATE
+        return [Moment(start + index / 100, _decibels(math.sqrt(float(numpy.mean(row ** 2)))),
+                       _decibels(float(numpy.max(numpy.abs(row)))))
+                for index, row in enumerate(rows) if start + index / 100 >= since]
+
+    def peak(self, since: float = 0.0) -> float:
+        """The highest level heard from `since` on, in dBFS."""
+        return max((moment.peak for moment in self.moments(since)), default=_SILENCE)
+
+    def sounds(self, above: float = -60.0, gap: float = 0.3, since: float = 0.0) -> list[list[Moment]]:
+        """The separate sounds heard: runs of moments above a level, parted by `gap` s of quiet."""
+        found: list[list[Moment]] = []
+        for moment in self.moments(since):
+            if moment.rms < above:
+                continue
+            if found and moment.when - found[-1][-1].when <= gap:
+                found[-1].append(moment)
+            else:
+                found.append([moment])
+        return found
+
+    def _read(self) -> None:
+        left_over = b""
+        while block := self._recorder.stdout.read1(RATE // 50 * 2):
+            block = left_over + block
+            whole = len(block) // 2 * 2
+            left_over = block[whole:]
+            with self._lock:
+                self._samples.append((time.monotonic(), numpy.frombuffer(block[:whole], "<i2")))
+
+
+def _decibels(level: float) -> float:
+    return max(20 * math.log10(level), _SILENCE) if level > 0 else _SILENCE
