@@ -80,7 +80,6 @@ public:
     }
 
     /// Stands at a midnight of the calendar.
-    /// Stands at a midnight of the calendar.
     FakeClock clock{9260 * 86400.0};
     FakeCalendar calendar;
     FakeDisplays displays;
