@@ -2,8 +2,6 @@
 
 #include "Velmora/engine/DayWindow.h"
 
-#include <QTimer>
-
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -24,9 +22,10 @@ AppModel::AppModel(Seams seams)
     : m_seams(std::move(seams))
 {
     load();
+    // A coarse timer is late by at most a twentieth of its interval and may share wake-ups.
+    m_tick.setTimerType(Qt::CoarseTimer);
+    connect(&m_tick, &QTimer::timeout, this, &AppModel::tick);
 }
-
-AppModel::~AppModel() = default;
 
 void AppModel::load()
 {

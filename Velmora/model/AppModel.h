@@ -11,15 +11,13 @@
 #include "Velmora/services/LoginItem.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
-
-class QTimer;
 
 namespace velmora {
 
@@ -83,7 +81,6 @@ public:
 
     /// Loads the stored settings; writes nothing and starts nothing.
     explicit AppModel(Seams seams);
-    ~AppModel() override;
 
     // Settings. Assigning one runs its rule also when the value stays the same; observers hear of
     // real changes only.
@@ -201,7 +198,7 @@ private:
     void publishRemaining(double now);
     void savePerMinute();
     void playChime();
-    void tellStatus();
+    void tellStatus() const;
     [[nodiscard]] bool insideHours(double now) const;
     [[nodiscard]] Rect visibleFrame(std::optional<DisplayId> screen) const;
 
@@ -211,7 +208,7 @@ private:
 
     Seams m_seams;
     ReminderClock m_clock;
-    std::unique_ptr<QTimer> m_timer;
+    QTimer m_tick;
     bool m_isApplyingStoredState = false;
     bool m_intervalReset = false;
     std::optional<std::int64_t> m_lastPersistedMinute;

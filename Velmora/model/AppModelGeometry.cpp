@@ -78,7 +78,8 @@ std::vector<ScreenFrames> AppModel::screenFrames() const
 {
     auto displays = m_seams.displays.all();
     auto const main = m_seams.displays.main();
-    std::ranges::stable_partition(displays, [&](Display const& each) { return each.id == main; });
+    std::stable_partition(
+        displays.begin(), displays.end(), [&](Display const& each) { return each.id == main; });
 
     std::vector<ScreenFrames> frames;
     frames.reserve(displays.size() + 1);

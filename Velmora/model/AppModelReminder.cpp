@@ -1,7 +1,5 @@
 #include "Velmora/model/AppModel.h"
 
-#include <QTimer>
-
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -10,12 +8,7 @@ namespace velmora {
 
 void AppModel::start()
 {
-    m_timer = std::make_unique<QTimer>();
-    // A coarse timer is late by at most a twentieth of its interval and may share wake-ups.
-    m_timer->setTimerType(Qt::CoarseTimer);
-    connect(m_timer.get(), &QTimer::timeout, this, &AppModel::tick);
-    m_timer->start(std::chrono::seconds(1));
-
+    m_tick.start(std::chrono::seconds(1));
     m_seams.chime.prepare();
     assign(m_loginNote, m_seams.loginItem.apply(m_openAtLogin).note, Property::loginNote);
     tick();
@@ -159,7 +152,7 @@ void AppModel::playChime()
         m_seams.chime.play(m_soundVolume);
 }
 
-void AppModel::tellStatus()
+void AppModel::tellStatus() const
 {
     if (onStatus)
         onStatus();
