@@ -1,5 +1,6 @@
 #include "Velmora/services/XmlText.h"
 
+#include <array>
 #include <cstdint>
 
 namespace velmora {
@@ -27,8 +28,8 @@ std::optional<Decoded> decodeFirst(std::string_view text)
             return std::nullopt;
         scalar = (scalar << 6U) | (byte(at) & 0x3FU);
     }
-    constexpr std::uint32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (scalar < smallest[length])
+    constexpr std::array<std::uint32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    if (scalar < smallest.at(length))
         return std::nullopt;
     return Decoded{.scalar = scalar, .length = length};
 }

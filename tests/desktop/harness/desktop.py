@@ -217,7 +217,7 @@ class Desktop:
             # The panel takes its own scale from there when it starts.
             self.xsettings.wait(self.x11)
             note("xsettings")
-        self.tray = Tray(self.processes, wanted["tray"], self._own_bus)
+        self.tray = Tray(self.processes, wanted["tray"], self.scale, self._own_bus)
         self.window_manager.wait(self.x11)
         note("window manager")
         self.tray.wait(self.x11)

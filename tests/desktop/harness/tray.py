@@ -2,6 +2,8 @@
 
 import subprocess
 
+from gi.repository import GLib
+
 from .bus import Bus
 from .processes import Processes
 from .waiting import wait_for
@@ -11,23 +13,6 @@ from .xfconf import Integer, write_channel
 WATCHER = "org.kde.StatusNotifierWatcher"
 WATCHER_PATH = "/StatusNotifierWatcher"
 
-_PANEL = {
-    "configver": Integer(2),
-    "panels": {
-        "": [Integer(1)],
-        "panel-1": {
-            "position": "p=6;x=0;y=0", "length": 100, "position-locked": True, "size": 28,
-            "plugin-ids": [Integer(1), Integer(2), Integer(3), Integer(4)],
-        },
-    },
-    "plugins": {
-        "plugin-1": "tasklist",
-        "plugin-2": {"": "separator", "expand": True, "style": 0},
-        "plugin-3": {"": "systray", "square-icons": True},
-        "plugin-4": "clock",
-    },
-}
-
 
 class Tray:
     """A host for status items, of one of three kinds.
@@ -36,23 +21,25 @@ class Tray:
     knows XEmbed only; "none" is a desktop without one, until `start` is called with another kind.
     """
 
-    def __init__(self, processes: Processes, kind: str, session_bus: Bus):
+    def __init__(self, processes: Processes, kind: str, scale: int, session_bus: Bus):
         self._processes = processes
         self._bus = session_bus
         self.kind = kind
+        self._scale = scale
         self.process: subprocess.Popen | None = None
+        # Written in any case, because a panel may start later and its settings are read once.
+        write_channel(processes, "xfce4-panel", _panel(scale))
         self.start(kind)
 
     def start(self, kind: str) -> None:
         """Starts a host of that kind where there is none; use `wait` before counting on it."""
         self.kind = kind
         if kind == "panel":
-            write_channel(self._processes, "xfce4-panel", _PANEL)
             self.process = self._processes.start("panel", ["xfce4-panel", "--disable-wm-check"])
         elif kind == "xembed":
             self.process = self._processes.start("tray", [
                 "trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
-                "--height", "28", "--SetDockType", "true"])
+                "--height", str(28 * self._scale), "--SetDockType", "true"])
 
     def stop(self) -> None:
         """Ends the host; its icons go with it."""
@@ -69,5 +56,28 @@ class Tray:
 
     def takes_status_items(self) -> bool:
         """Whether a StatusNotifierItem host is registered at this moment."""
-        return bool(self._bus.owner(WATCHER) and self._bus.get(
-            WATCHER, WATCHER_PATH, WATCHER, "IsStatusNotifierHostRegistered"))
+        try:
+            return bool(self._bus.get(
+                WATCHER, WATCHER_PATH, WATCHER, "IsStatusNotifierHostRegistered"))
+        except GLib.Error:
+            return False
+
+
+def _panel(scale: int) -> dict:
+    return {
+        "configver": Integer(2),
+        "panels": {
+            "": [Integer(1)],
+            "panel-1": {
+                "position": "p=6;x=0;y=0", "length": 100, "position-locked": True,
+                "size": 28 * scale,
+                "plugin-ids": [Integer(1), Integer(2), Integer(3), Integer(4)],
+            },
+        },
+        "plugins": {
+            "plugin-1": "tasklist",
+            "plugin-2": {"": "separator", "expand": True, "style": 0},
+            "plugin-3": {"": "systray", "square-icons": True},
+            "plugin-4": "clock",
+        },
+    }

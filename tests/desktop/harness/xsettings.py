@@ -12,15 +12,14 @@ class XSettings:
     def __init__(self, processes: Processes, store: SettingsStore, scale: int):
         """Starts the daemon on a desktop of that scale.
 
-        A session tells its scale as fonts' resolution: 96 dots an inch times the scale, both in
-        XSETTINGS and in the X resources. That is where the toolkits find it on a user's desktop.
+        A session tells its scale as the fonts' resolution: 96 dots an inch times the scale, both in
+        XSETTINGS and in the X resources. That is where Qt finds it on a user's desktop.
         """
         self._store = store
         write_channel(processes, "xsettings", {
             "Net": {"ThemeName": "Adwaita", "IconThemeName": "Adwaita", "EnableEventSounds": False},
             "Xft": {"DPI": Integer(96 * scale), "Antialias": Integer(1), "Hinting": Integer(1)},
             "Gtk": {"EnableAnimations": True},
-            "Gdk": {"WindowScalingFactor": Integer(scale)},
         })
         store.wait()
         self.process = processes.start("xfsettingsd", ["xfsettingsd", "--no-daemon", "--disable-wm-check"])

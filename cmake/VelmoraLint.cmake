@@ -1,0 +1,35 @@
+# The linters, for a configuration of their own: `cmake --workflow --preset lint`.
+#
+# clang-tidy and clazy run along with the compiler over the product's sources; the target `lint`
+# runs what looks at the tree as a whole. Any finding is an error.
+if(NOT VELMORA_LINT)
+    return()
+endif()
+
+find_program(VELMORA_CLANG_TIDY NAMES clang-tidy REQUIRED)
+find_program(VELMORA_CPPCHECK NAMES cppcheck REQUIRED)
+set(CMAKE_CXX_CLANG_TIDY "${VELMORA_CLANG_TIDY}" --quiet)
+
+# clang-tidy reads the nearest file of this name: what the toolkit's tools generate below the build
+# folder is compiled, but not judged. One check is named because none at all is an error.
+file(WRITE "${CMAKE_BINARY_DIR}/.clang-tidy" "Checks: '-*,misc-definitions-in-headers'\n")
+
+# The compiler is clazy's wrapper, which takes its settings from the environment.
+#
+# function-args-by-value: small aggregates compare themselves by reference, `operator==(T const&)`.
+# copyable-polymorphic: the seams have no state and are passed by reference, so none is ever sliced.
+# ctor-missing-parent-argument: what lives as a member or behind a unique_ptr takes no parent.
+set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+    "CLAZY_CHECKS=level2,no-function-args-by-value,no-copyable-polymorphic,no-ctor-missing-parent-argument"
+    "CLAZY_IGNORE_DIRS=/usr/include/.*|${CMAKE_BINARY_DIR}/.*")
+
+# cppcheck reads the sources without the toolkit's headers, whose meaning its library files know.
+add_custom_target(lint
+    COMMAND "${VELMORA_CPPCHECK}" -I . --std=c++20 --library=qt --library=googletest
+        --enable=warning,performance,portability --inline-suppr --error-exitcode=1 --quiet
+        Velmora tests bench
+    COMMAND scripts/check-format.sh
+    COMMAND scripts/check-scripts.sh
+    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
+    COMMENT "Looking at the sources as a whole"
+    VERBATIM)
