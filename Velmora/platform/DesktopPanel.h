@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Velmora/geometry/PixelRect.h"
+
+#include <cstdint>
+#include <functional>
+#include <span>
+
+namespace velmora {
+
+/// What the window system has to be told about the orb's window, which floats above all others on
+/// every desktop and is transparent to the pointer outside its outline.
+class DesktopPanel {
+public:
+    virtual ~DesktopPanel() = default;
+
+    /// Takes the window in hand, once, after it was created and before it is first shown. `window`
+    /// is the window system's own number for it.
+    virtual void adopt(std::uint32_t window) = 0;
+
+    /// The window takes the pointer inside these rectangles and nowhere else. While nothing blends
+    /// windows with what lies behind them, they also bound what of the window is visible. To be
+    /// called again whenever the window's size or its scale has changed.
+    virtual void setOutline(std::span<PixelRect const> outline) = 0;
+
+    /// Whether the window's transparent pixels let what lies behind show through.
+    [[nodiscard]] virtual bool translucent() const = 0;
+
+    /// Told when `translucent` has changed; at most one listener.
+    std::function<void()> onTranslucency;
+};
+
+} // namespace velmora
