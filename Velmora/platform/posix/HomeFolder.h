@@ -8,4 +8,8 @@ namespace velmora {
 /// empty when neither names one.
 [[nodiscard]] std::filesystem::path homeFolder();
 
+/// The folder for the user's settings: `XDG_CONFIG_HOME` when it is an absolute path, else
+/// `.config` in `home`.
+[[nodiscard]] std::filesystem::path configFolder(std::filesystem::path const& home);
+
 } // namespace velmora

@@ -55,5 +55,19 @@ TEST(HomeFolder, IsTheUserDatabasesWhereTheEnvironmentHasNoAbsoluteOne)
     }
 }
 
+TEST(HomeFolder, TheConfigFolderIsInItUnlessTheEnvironmentSaysOtherwise)
+{
+    {
+        Variable const config("XDG_CONFIG_HOME", std::nullopt);
+        EXPECT_EQ(configFolder("/home/me"), "/home/me/.config");
+    }
+    {
+        Variable const config("XDG_CONFIG_HOME", "relative");
+        EXPECT_EQ(configFolder("/home/me"), "/home/me/.config");
+    }
+    Variable const config("XDG_CONFIG_HOME", "/config");
+    EXPECT_EQ(configFolder("/home/me"), "/config");
+}
+
 } // namespace
 } // namespace velmora
