@@ -117,6 +117,11 @@ QString WidgetView::label(Control control) const
     return m_model.paused() ? tr("Resume") : tr("Pause");
 }
 
+Rect WidgetView::controlFrame(Control control) const
+{
+    return OrbControls::frame(control, m_model.widgetSize(), m_bounds);
+}
+
 void WidgetView::activate(Control control)
 {
     if (control == Control::pause)

@@ -67,6 +67,8 @@ public:
     [[nodiscard]] QString help(OrbControls::Control control) const;
     /// What assistive tools call the button.
     [[nodiscard]] QString label(OrbControls::Control control) const;
+    /// Where the button stands, y down.
+    [[nodiscard]] Rect controlFrame(OrbControls::Control control) const;
     void activate(OrbControls::Control control);
     /// The button that is held down.
     [[nodiscard]] std::optional<OrbControls::Control> pressedControl() const { return m_pressed; }

@@ -1,11 +1,11 @@
 #include "Velmora/windows/WidgetPanel.h"
 
 #include "Velmora/geometry/PointerTracker.h"
-#include "Velmora/model/AppModel.h"
 #include "Velmora/platform/Clock.h"
 #include "Velmora/platform/DesktopPanel.h"
 #include "Velmora/platform/toolkit/ToolkitDisplays.h"
 #include "Velmora/views/WidgetView.h"
+#include "Velmora/windows/WidgetAccessible.h"
 
 #include <QExposeEvent>
 #include <QImage>
@@ -47,11 +47,9 @@ WidgetPanel::WidgetPanel(Seams seams, WidgetView& view)
     m_container.setWindow(this);
     m_container.resizeKnob().onCursor = [this](GripCursor cursor) { setCursorFor(cursor); };
     m_seams.desktop.onTranslucency = [this] { drawFrame(); };
-    connect(&m_seams.model, &AppModel::changed, this, [this](AppModel::Property property) {
-        if (property == AppModel::Property::reduceMotion)
-            readPace();
-    });
+    connect(&m_seams.model, &AppModel::changed, this, &WidgetPanel::modelChanged);
     readPace();
+    WidgetAccessible::install();
 }
 
 WidgetPanel::~WidgetPanel()
@@ -70,6 +68,46 @@ void WidgetPanel::configure()
     setFormat(translucent);
     create();
     m_seams.desktop.adopt(static_cast<std::uint32_t>(winId()));
+}
+
+void WidgetPanel::modelChanged(AppModel::Property property)
+{
+    switch (property) {
+    case AppModel::Property::reduceMotion:
+        readPace();
+        break;
+    case AppModel::Property::isReminding:
+        // Another window of this kind may have come to lie above.
+        if (m_seams.model.isReminding() && isVisible())
+            raise();
+        announceLater();
+        break;
+    case AppModel::Property::paused:
+    case AppModel::Property::inActiveHours:
+        announceLater();
+        break;
+    default:
+        break;
+    }
+}
+
+void WidgetPanel::announceLater()
+{
+    if (m_announcing)
+        return;
+    m_announcing = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_announcing = false;
+            WidgetAccessible::announce(*this);
+        },
+        Qt::QueuedConnection);
+}
+
+QAccessibleInterface* WidgetPanel::accessibleRoot() const
+{
+    return QAccessible::queryAccessibleInterface(const_cast<WidgetPanel*>(this));
 }
 
 void WidgetPanel::readPace()

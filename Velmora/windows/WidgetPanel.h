@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Velmora/model/AppModel.h"
 #include "Velmora/platform/DesktopCoordinates.h"
 #include "Velmora/views/OrbWindow.h"
 #include "Velmora/windows/BlobContainerView.h"
@@ -12,7 +13,6 @@ class QSinglePointEvent;
 
 namespace velmora {
 
-class AppModel;
 class Clock;
 class DesktopPanel;
 class Displays;
@@ -50,6 +50,10 @@ public:
     /// The displays have changed and settled: takes the panel's place and scale anew.
     void displaysSettled();
 
+    [[nodiscard]] WidgetView& view() { return m_view; }
+    /// What assistive tools see.
+    [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
+
     /// Presses are let through to what lies underneath.
     [[nodiscard]] bool ignoresPointer() const { return m_ignoresPointer; }
     /// The clock that the orb moves by.
@@ -76,6 +80,9 @@ private:
     /// What the pointer tracking does with every news of the pointer; absent is elsewhere.
     void pointerTick(std::optional<Point> windowPoint);
     void readPace();
+    void modelChanged(AppModel::Property property);
+    /// Tells assistive tools, once the model has come to rest, that the orb reads differently.
+    void announceLater();
 
     Seams m_seams;
     WidgetView& m_view;
@@ -88,6 +95,7 @@ private:
     double m_fittedScale = 0;
     QSize m_fittedSize;
     bool m_ignoresPointer = true;
+    bool m_announcing = false;
 };
 
 } // namespace velmora

@@ -1,5 +1,4 @@
 #include "Velmora/geometry/PointerTracker.h"
-#include "Velmora/model/AppModel.h"
 #include "Velmora/windows/WidgetPanel.h"
 
 #include <QEnterEvent>
