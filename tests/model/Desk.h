@@ -79,6 +79,9 @@ public:
         return std::ranges::count(m_sound.calls, "prepare") == 1;
     }
 
+    /// The player that the model rings.
+    [[nodiscard]] ChimePlayer& chime() { return m_chime; }
+
     /// Stands at a midnight of the calendar.
     FakeClock clock{9260 * 86400.0};
     FakeCalendar calendar;

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace velmora {
+
+/// Tells assistive programs what the form's own controls are: a slider with the numbers that the
+/// user sees, a card as a grouping. Calling it again changes nothing.
+void installSettingsAccessibility();
+
+} // namespace velmora

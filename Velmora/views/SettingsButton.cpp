@@ -1,0 +1,81 @@
+#include "Velmora/views/SettingsButton.h"
+
+#include "Velmora/views/FocusRing.h"
+#include "Velmora/views/SettingsLook.h"
+
+#include <QPainter>
+
+namespace velmora {
+
+namespace {
+
+constexpr double radius = 7.0;
+constexpr QSize padding(14, 6);
+constexpr QSize plainPadding(0, 0);
+constexpr double textSize = 13.0;
+constexpr double plainTextSize = 12.0;
+
+constexpr int ringRoom = FocusRing::room;
+
+} // namespace
+
+SettingsButton::SettingsButton(Kind kind, QString const& text, QWidget* parent)
+    : QPushButton(text, parent)
+    , m_kind(kind)
+    , m_ring(new FocusRing(*this))
+{
+    setFont(kind == Kind::plain       ? SettingsLook::font(plainTextSize)
+            : kind == Kind::prominent ? SettingsLook::font(textSize, QFont::DemiBold)
+                                      : SettingsLook::font(textSize));
+    setAutoDefault(true);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize SettingsButton::sizeHint() const
+{
+    auto const metrics = fontMetrics();
+    QSize const words(metrics.horizontalAdvance(text()), metrics.height());
+    QSize const around
+        = (m_kind == Kind::plain ? plainPadding : padding) + QSize(ringRoom, ringRoom);
+    return words + 2 * around;
+}
+
+void SettingsButton::drawFace(QPainter& painter) const
+{
+    QRectF const face = QRectF(rect()).adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom);
+    painter.setPen(Qt::NoPen);
+    if (m_kind == Kind::plain)
+        return;
+    if (m_kind == Kind::prominent) {
+        painter.setBrush(SettingsLook::sage());
+        painter.drawRoundedRect(face, radius, radius);
+    } else {
+        painter.setPen(QPen(SettingsLook::shade(0.14), 1.0));
+        painter.setBrush(Qt::white);
+        painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+        painter.setPen(Qt::NoPen);
+    }
+    if (isDown() || underMouse()) {
+        painter.setBrush(SettingsLook::shade(isDown() ? 0.12 : 0.06));
+        painter.drawRoundedRect(face, radius, radius);
+    }
+}
+
+void SettingsButton::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawFace(painter);
+    m_ring->draw(painter, rect(), radius + ringRoom);
+
+    auto words = font();
+    words.setUnderline(m_kind == Kind::plain && underMouse());
+    painter.setFont(words);
+    painter.setPen(m_kind == Kind::prominent    ? QColor(Qt::white)
+            : m_kind == Kind::plain && isDown() ? SettingsLook::ink(0.6)
+                                                : SettingsLook::ink());
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+} // namespace velmora

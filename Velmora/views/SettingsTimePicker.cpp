@@ -1,0 +1,54 @@
+#include "Velmora/views/SettingsTimePicker.h"
+
+#include "Velmora/views/SettingsLook.h"
+#include "Velmora/views/SettingsStyle.h"
+
+#include <QLineEdit>
+#include <QLocale>
+#include <QScopedValueRollback>
+
+namespace velmora {
+
+namespace {
+
+constexpr double textSize = 13.0;
+constexpr int minutesPerHour = 60;
+
+} // namespace
+
+SettingsTimePicker::SettingsTimePicker(QString const& format, QWidget* parent)
+    : QTimeEdit(parent)
+{
+    SettingsStyle::apply(*this);
+    SettingsStyle::apply(*lineEdit());
+    setPalette(SettingsLook::palette());
+    setFont(SettingsLook::font(textSize));
+    setLocale(QLocale::system());
+    // A time of day alone: no day on which the clocks change can take a minute away.
+    setTimeSpec(Qt::UTC);
+    // The parts of a time keep their order also where the words around it run the other way.
+    setLayoutDirection(Qt::LeftToRight);
+    setDisplayFormat(format);
+    setWrapping(true);
+    setFrame(false);
+    setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QTimeEdit::timeChanged, this, [this] {
+        if (!m_showing)
+            Q_EMIT edited(minutes());
+    });
+}
+
+int SettingsTimePicker::minutes() const
+{
+    return time().hour() * minutesPerHour + time().minute();
+}
+
+void SettingsTimePicker::showMinutes(int minutes)
+{
+    if (minutes == this->minutes())
+        return;
+    QScopedValueRollback const quiet(m_showing, true);
+    setTime(QTime(minutes / minutesPerHour, minutes % minutesPerHour));
+}
+
+} // namespace velmora
