@@ -89,6 +89,13 @@ def test_the_compositor_owns_its_selection_and_loses_it_when_it_ends(shared: Des
     shared.window_manager.wait(shared.x11)
 
 
+def test_compositing_comes_and_goes_while_windows_are_open(shared: Desktop):
+    shared.window_manager.composite(False, shared.x11)
+    assert shared.x11.selection_owner("_NET_WM_CM_S0") == 0
+    shared.window_manager.composite(True, shared.x11)
+    assert shared.x11.selection_owner("_NET_WM_CM_S0") != 0
+
+
 def test_a_plain_window_manager_does_not_composite():
     for name in ("xfwm4-plain", "openbox"):
         with Desktop(window_manager=name, tray="none", sound="none") as desktop:

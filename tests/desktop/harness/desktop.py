@@ -212,7 +212,8 @@ class Desktop:
         if wanted["xsettings"]:
             self.xsettings = XSettings(self.processes, self.settings_store, self.scale)
         self.settings_store.wait()
-        self.window_manager = WindowManager(self.processes, wanted["window_manager"])
+        self.window_manager = WindowManager(
+            self.processes, wanted["window_manager"], self.settings_store)
         if self.xsettings:
             # The panel takes its own scale from there when it starts.
             self.xsettings.wait(self.x11)

@@ -6,7 +6,7 @@ from dataclasses import dataclass, field
 from .processes import Processes
 from .waiting import wait_for
 from .x11 import X11
-from .xfconf import write_channel
+from .xfconf import SettingsStore, write_channel
 
 
 @dataclass(frozen=True)
@@ -34,8 +34,9 @@ KINDS = {
 class WindowManager:
     """One window manager at work. Ending and starting it again is what a restart looks like."""
 
-    def __init__(self, processes: Processes, name: str):
+    def __init__(self, processes: Processes, name: str, store: SettingsStore):
         self._processes = processes
+        self._store = store
         self.kind = KINDS[name]
         self.name = name
         self.process: subprocess.Popen | None = None
@@ -53,6 +54,12 @@ class WindowManager:
         if self.process:
             self._processes.end(self.process)
             self.process = None
+
+    def composite(self, enabled: bool, x11: X11) -> None:
+        """Turns compositing on or off while windows are open; only xfwm4 can."""
+        self._store.set("xfwm4", "/general/use_compositing", "bool", str(enabled).lower())
+        wait_for(lambda: bool(x11.selection_owner("_NET_WM_CM_S0")) == enabled, 5,
+                 f"compositing {'on' if enabled else 'off'}")
 
     def wait(self, x11: X11) -> None:
         """Returns when windows are managed and, where it composites, composited."""
