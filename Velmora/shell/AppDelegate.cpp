@@ -1,0 +1,193 @@
+#include "Velmora/shell/AppDelegate.h"
+
+#include "Velmora/model/AppModel.h"
+#include "Velmora/platform/toolkit/ToolkitDisplays.h"
+#include "Velmora/shell/StatusItem.h"
+#include "Velmora/views/WidgetView.h"
+#include "Velmora/windows/WidgetPanel.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace velmora {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Sizes and places that differ by no more than this, in points, are left alone.
+constexpr double sizeTolerance = 0.5;
+constexpr double placeTolerance = 1.0;
+
+constexpr auto previewDelay = 350ms;
+constexpr auto settingsDelay = 250ms;
+
+} // namespace
+
+AppDelegate::AppDelegate(std::shared_ptr<InstanceLock> lock, Seams seams)
+    : m_instanceLock(std::move(lock))
+    , m_seams(seams)
+{
+}
+
+AppDelegate::~AppDelegate()
+{
+    m_seams.model.onWidgetSize = nullptr;
+    m_seams.model.onStatus = nullptr;
+}
+
+void AppDelegate::applicationDidFinishLaunching(FocusRequest flags)
+{
+    installModelCallbacks();
+    fitStoredSizeToMainScreen();
+    setupStatusItem();
+    setupWidget();
+    connect(
+        &m_seams.displays, &ToolkitDisplays::settled, this, &AppDelegate::screenParametersChanged);
+    m_seams.model.start();
+    refreshStatusItem();
+    honour(flags);
+}
+
+void AppDelegate::installModelCallbacks()
+{
+    m_seams.model.onWidgetSize = [this] { widgetSizeChanged(); };
+    m_seams.model.onStatus = [this] { refreshStatusItem(); };
+}
+
+void AppDelegate::fitStoredSizeToMainScreen()
+{
+    auto& model = m_seams.model;
+    double const fitting = model.clampSize(model.widgetSize(), m_seams.displays.main());
+    if (std::abs(fitting - model.widgetSize()) > sizeTolerance)
+        model.setWidgetSize(fitting);
+}
+
+void AppDelegate::setupStatusItem()
+{
+    m_statusItem = std::make_unique<StatusItem>(m_seams.model);
+    connect(m_statusItem.get(), &StatusItem::openSettings, this,
+        [this] { m_seams.model.setShowingSettings(true); });
+    connect(m_statusItem.get(), &StatusItem::quit, qApp, &QCoreApplication::quit);
+}
+
+void AppDelegate::setupWidget()
+{
+    auto& model = m_seams.model;
+    double const side = model.widgetSize();
+    m_widgetView = std::make_unique<WidgetView>(model);
+    m_widgetPanel = std::make_unique<WidgetPanel>(WidgetPanel::Seams{.model = model,
+                                                      .clock = m_seams.clock,
+                                                      .displays = m_seams.displays,
+                                                      .desktop = m_seams.desktop},
+        *m_widgetView);
+
+    auto const origin = model.originForLaunch(side);
+    m_widgetPanel->setFrame({.x = origin.x, .y = origin.y, .width = side, .height = side});
+    if (model.hasSavedOrigin() && distance(origin, model.widgetOrigin()) > placeTolerance)
+        model.saveOrigin(origin);
+    model.setHostScreen(m_widgetPanel->display());
+    m_widgetPanel->orderFrontRegardless();
+}
+
+void AppDelegate::honour(FocusRequest flags)
+{
+    auto* const model = &m_seams.model;
+    if (flags.preview)
+        QTimer::singleShot(previewDelay, this, [model] { model->velmoraNow(); });
+    if (flags.settings)
+        QTimer::singleShot(settingsDelay, this, [model] { model->setShowingSettings(true); });
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    m_seams.model.persist();
+    m_seams.defaults.flush();
+}
+
+void AppDelegate::takeFocusRequest(FocusRequest request)
+{
+    orderWidgetFront();
+    if (request.preview)
+        m_seams.model.velmoraNow();
+    if (request.settings)
+        m_seams.model.setShowingSettings(true);
+}
+
+void AppDelegate::willSleep()
+{
+    m_seams.model.persist();
+    m_seams.defaults.flush();
+}
+
+void AppDelegate::didWake()
+{
+    m_seams.model.tick();
+    orderWidgetFront();
+}
+
+void AppDelegate::sessionLocked(bool locked)
+{
+    if (m_widgetPanel)
+        m_widgetPanel->frameClock().set(FrameClock::Unseen::sessionLocked, locked);
+}
+
+void AppDelegate::trayAvailable(bool available)
+{
+    if (m_statusItem && available) {
+        m_statusItem->show();
+        m_statusItem->refresh();
+    }
+}
+
+void AppDelegate::refreshStatusItem()
+{
+    if (m_statusItem)
+        m_statusItem->refresh();
+}
+
+void AppDelegate::orderWidgetFront()
+{
+    if (m_widgetPanel)
+        m_widgetPanel->orderFrontRegardless();
+}
+
+void AppDelegate::widgetSizeChanged()
+{
+    if (!m_widgetPanel)
+        return;
+    auto& model = m_seams.model;
+    double const side = model.clampSize(model.widgetSize(), m_widgetPanel->display());
+    auto const frame = m_widgetPanel->frame();
+    if (std::abs(side - model.widgetSize()) > sizeTolerance) {
+        model.setWidgetSize(side);
+    } else if (std::abs(frame.width - side) > sizeTolerance) {
+        Rect const fitted = {.x = frame.midX() - side / 2,
+            .y = frame.midY() - side / 2,
+            .width = side,
+            .height = side};
+        m_widgetPanel->setFrame(fitted);
+        model.saveOrigin(fitted.origin());
+    }
+}
+
+void AppDelegate::screenParametersChanged()
+{
+    if (!m_widgetPanel)
+        return;
+    auto& model = m_seams.model;
+    m_widgetPanel->displaysSettled();
+    auto const frame = m_widgetPanel->frame();
+    auto const origin = model.originPullingOnScreen(frame.origin(), frame.width);
+    if (distance(origin, frame.origin()) > placeTolerance) {
+        m_widgetPanel->setFrameOrigin(origin);
+        model.saveOrigin(origin);
+    }
+    model.setHostScreen(m_widgetPanel->display());
+}
+
+} // namespace velmora

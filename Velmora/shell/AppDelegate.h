@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Velmora/platform/FocusRequest.h"
+#include "Velmora/platform/posix/InstanceLock.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace velmora {
+
+class AppModel;
+class Clock;
+class DefaultsStore;
+class DesktopPanel;
+class StatusItem;
+class ToolkitDisplays;
+class WidgetPanel;
+class WidgetView;
+
+/// Owns everything that lives for the whole run: the orb's panel, the status item and the lock. It
+/// wires the model to them and passes on what the system tells.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the delegate works with; everything outlives it.
+    struct Seams {
+        AppModel& model;
+        Clock const& clock;
+        ToolkitDisplays& displays;
+        DesktopPanel& desktop;
+        DefaultsStore& defaults;
+    };
+
+    AppDelegate(std::shared_ptr<InstanceLock> lock, Seams seams);
+    ~AppDelegate() override;
+
+    /// Builds the interface, starts the model and honours the command line.
+    void applicationDidFinishLaunching(FocusRequest flags);
+    /// Saves, and returns when the settings are on the disk.
+    void applicationWillTerminate();
+
+    /// A later copy of the program asks this one to come forward.
+    void takeFocusRequest(FocusRequest request);
+    /// The machine is about to sleep: saves, and returns when the settings are on the disk.
+    void willSleep();
+    /// The machine woke up: what fell due meanwhile happens at once.
+    void didWake();
+
+    /// The session was locked or unlocked: a locked one sees no frames.
+    void sessionLocked(bool locked);
+    /// The desktop has a place for the status item, or has lost it.
+    void trayAvailable(bool available);
+
+private:
+    void installModelCallbacks();
+    void fitStoredSizeToMainScreen();
+    void setupStatusItem();
+    void setupWidget();
+    void honour(FocusRequest flags);
+    void refreshStatusItem();
+    void orderWidgetFront();
+    void widgetSizeChanged();
+    void screenParametersChanged();
+
+    std::shared_ptr<InstanceLock> m_instanceLock;
+    Seams m_seams;
+    std::unique_ptr<WidgetView> m_widgetView;
+    std::unique_ptr<WidgetPanel> m_widgetPanel;
+    std::unique_ptr<StatusItem> m_statusItem;
+};
+
+} // namespace velmora
