@@ -87,6 +87,18 @@ TEST_F(SettingsFileTest, SavesAgainWhenItsFolderWasRemoved)
     EXPECT_EQ(bytesOf(m_file), "good");
 }
 
+TEST_F(SettingsFileTest, FailsBelowAPathLongerThanTheSystemTakes)
+{
+    std::string deep = m_folder;
+    for (int i = 0; i < 60'000; ++i)
+        deep += "/a";
+    m_file = deep + "/defaults.toml";
+    auto file = open();
+    EXPECT_EQ(file.load(), std::nullopt);
+    EXPECT_FALSE(file.save("good"));
+    EXPECT_FALSE(std::filesystem::exists(m_folder));
+}
+
 TEST_F(SettingsFileTest, FailsWithoutAPath)
 {
     m_file.clear();

@@ -15,18 +15,6 @@ namespace {
 constexpr mode_t folderMode = S_IRWXU;
 constexpr mode_t fileMode = S_IRUSR | S_IWUSR;
 
-/// Makes the folder and those above it, for the user alone. Failure shows when it is opened.
-void makeFolders(std::filesystem::path const& folder)
-{
-    if (folder.empty() || ::mkdir(folder.c_str(), folderMode) == 0 || errno != ENOENT)
-        return;
-    auto const parent = folder.parent_path();
-    if (parent == folder)
-        return;
-    makeFolders(parent);
-    ::mkdir(folder.c_str(), folderMode);
-}
-
 bool writeAll(int descriptor, std::string_view bytes)
 {
     while (!bytes.empty()) {
@@ -49,6 +37,25 @@ bool synchronise(int descriptor)
             return false;
     }
     return true;
+}
+
+/// The folder, opened so that its entries can be changed and put down to the disk.
+Descriptor opened(std::filesystem::path const& folder)
+{
+    return Descriptor{::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+}
+
+/// Makes the folder and those above it, for the user alone, down to the disk. A failure shows when
+/// the folder is opened.
+void makeFolders(std::filesystem::path const& folder)
+{
+    if (::access(folder.c_str(), F_OK) == 0 || errno != ENOENT || folder == folder.parent_path())
+        return;
+    makeFolders(folder.parent_path());
+    if (::mkdir(folder.c_str(), folderMode) != 0)
+        return;
+    if (auto const parent = opened(folder.parent_path()))
+        synchronise(parent.number());
 }
 
 /// Never takes a name that is in use, not even where the file system lacks the exclusive rename:
@@ -87,7 +94,7 @@ FileReplacement::~FileReplacement()
 bool FileReplacement::openFolder(std::filesystem::path const& folder)
 {
     makeFolders(folder);
-    m_folder = Descriptor{::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+    m_folder = opened(folder);
     return static_cast<bool>(m_folder);
 }
 
