@@ -224,6 +224,22 @@ TEST_F(TomlDefaultsStoreTest, LoadsItsFileTruncatedAtEveryByteAndKeepsWhatItCoul
     }
 }
 
+TEST_F(TomlDefaultsStoreTest, SetsAsideAFileThatWouldBeTooLargeToReadOnceWrittenAnew)
+{
+    std::filesystem::create_directory(m_folder);
+    std::string list = "a=[";
+    while (list.size() < SettingsFile::sizeLimit - 10)
+        list += "1,";
+    list += "]\n";
+    putBytes(m_file, list);
+    {
+        TomlDefaultsStore store{m_file};
+        store.write(everyEntry());
+    }
+    EXPECT_EQ(bytesOf(m_file), everyKey);
+    EXPECT_EQ(bytesOf(m_aside), list);
+}
+
 TEST_F(TomlDefaultsStoreTest, RenamesNothingJustForReading)
 {
     std::filesystem::create_directory(m_folder);

@@ -7,18 +7,27 @@ namespace velmora {
 
 namespace {
 
+/// The document in the bytes, unless it would grow too large to be read when it is written anew.
+std::optional<DefaultsDocument> understood(std::string_view bytes)
+{
+    constexpr std::size_t roomForValues = 1U << 16U;
+    auto document = parseDefaults(bytes);
+    if (document && document->text().size() + roomForValues > SettingsFile::sizeLimit)
+        document.reset();
+    return document;
+}
+
 DefaultsDocument loaded(SettingsFile& file)
 {
     auto const bytes = file.load();
-    auto document = bytes ? parseDefaults(*bytes) : std::nullopt;
+    auto document = bytes ? understood(*bytes) : std::nullopt;
     return document ? *std::move(document) : DefaultsDocument{};
 }
 
 } // namespace
 
 TomlDefaultsStore::TomlDefaultsStore(std::filesystem::path file)
-    : m_file(
-        std::move(file), [](std::string_view bytes) { return parseDefaults(bytes).has_value(); })
+    : m_file(std::move(file), [](std::string_view bytes) { return understood(bytes).has_value(); })
     , m_document(loaded(m_file))
     , m_worker([this] { return save(); })
 {
