@@ -147,6 +147,7 @@ TEST(DefaultsDocument, KeepsWhatItDoesNotKnowInItsOrderAfterTheValues)
                                   "inline = { a = 1 }\n"
                                   "[table]\n"
                                   "paused = 1.0\n"
+                                  "inner.deeper = []\n"
                                   "[[list]]\n"
                                   "x = 1\n"
                                   "[[list]]\n"
@@ -158,18 +159,18 @@ TEST(DefaultsDocument, KeepsWhatItDoesNotKnowInItsOrderAfterTheValues)
         "intervalMinutes = 15\n"
         "paused = false\n"
         "zebra = \"stripes\\n\"\n"
-        "apple = [ 1, 2.0, \"three\" ]\n"
+        "apple = [1, 2.0, \"three\"]\n"
         "when = 1979-05-27T07:32:00Z\n"
-        "mask = 0xFF\n"
-        "inline = { a = 1 }\n"
+        "mask = 255\n"
+        "list = [{ x = 1 }, { y = { z = nan } }]\n"
         "\n[dotted]\n"
         "key = 1\n"
+        "\n[inline]\n"
+        "a = 1\n"
         "\n[table]\n"
         "paused = 1.0\n"
-        "\n[[list]]\n"
-        "x = 1\n"
-        "\n[[list]]\n"
-        "y = { z = nan }\n");
+        "\n[table.inner]\n"
+        "deeper = []\n");
     EXPECT_TRUE(parseDefaults(document->text()));
 }
 
@@ -203,6 +204,32 @@ TEST(DefaultsDocument, RefusesWhatIsNotToml)
              "a = 99999999999999999999", "{}", "[", "a = \"", "a = \"\"\"x"})
         EXPECT_FALSE(parseDefaults(bytes)) << bytes;
     EXPECT_FALSE(parseDefaults(std::string(100, '\0')));
+}
+
+TEST(DefaultsDocument, RefusesTextsThatTripTheLibrarysOwnAssertions)
+{
+    EXPECT_FALSE(parseDefaults("when = 1979-05-27T)7:32:00\n"));
+}
+
+TEST(DefaultsDocument, KeepsNumbersThatAreNotFiniteInLists)
+{
+    auto const document = parseDefaults("a = [inf, -inf, nan, 0.0, -0.0]\n");
+    ASSERT_TRUE(document);
+    EXPECT_EQ(document->text(), "a = [inf, -inf, nan, 0.0, -0.0]\n");
+}
+
+TEST(DefaultsDocument, RefusesForeignLettersOutsideQuotesAndKeepsThemInside)
+{
+    for (std::string_view const letter :
+        {"\u00F6", "\u0499", "\u1680", "\u3042", "\u3002", "\uFDFA", "\U0001F600"}) {
+        auto const text = std::string{letter};
+        EXPECT_FALSE(parseDefaults(text + " = 1\n")) << letter;
+        EXPECT_FALSE(parseDefaults("a = " + text + '\n')) << letter;
+        EXPECT_FALSE(parseDefaults("a = 1" + text + '\n')) << letter;
+        auto const quoted = parseDefaults("# " + text + "\n\"" + text + "\" = '" + text + "'\n");
+        ASSERT_TRUE(quoted) << letter;
+        EXPECT_EQ(quoted->text(), '"' + text + "\" = \"" + text + "\"\n");
+    }
 }
 
 TEST(DefaultsDocument, TakesValuesNestedAsDeepAsAnyoneWouldWriteThem)

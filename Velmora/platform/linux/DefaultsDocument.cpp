@@ -1,76 +1,10 @@
 #include "Velmora/platform/linux/DefaultsDocument.h"
 
+#include "Velmora/platform/linux/TomlText.h"
+
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
 
 namespace velmora {
-
-namespace {
-
-bool isBareKeyCharacter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_'
-        || c == '-';
-}
-
-std::string quoted(std::string_view key)
-{
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text = "\"";
-    for (char const c : key) {
-        auto const byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F) {
-            text += "\\u00";
-            text += digits[byte >> 4U];
-            text += digits[byte & 0xFU];
-        } else {
-            if (c == '"' || c == '\\')
-                text += '\\';
-            text += c;
-        }
-    }
-    return text + '"';
-}
-
-std::string keyText(std::string_view key)
-{
-    bool const bare = !key.empty() && std::all_of(key.begin(), key.end(), isBareKeyCharacter);
-    return bare ? std::string{key} : quoted(key);
-}
-
-template <typename Number>
-std::string shortest(Number number)
-{
-    std::array<char, 64> buffer = {};
-    auto const result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
-    return {buffer.data(), result.ptr};
-}
-
-std::string valueText(bool value)
-{
-    return value ? "true" : "false";
-}
-
-std::string valueText(std::int64_t value)
-{
-    return shortest(value);
-}
-
-std::string valueText(double value)
-{
-    if (std::isnan(value))
-        return "nan";
-    if (std::isinf(value))
-        return value < 0 ? "-inf" : "inf";
-    auto text = shortest(value);
-    if (text.find_first_of(".e") == std::string::npos)
-        text += ".0";
-    return text;
-}
-
-} // namespace
 
 std::optional<DefaultsValue> DefaultsDocument::value(std::string_view key) const
 {
@@ -98,8 +32,8 @@ std::string DefaultsDocument::text() const
 {
     std::string text;
     for (auto const& entry : m_set) {
-        text += keyText(entry.key) + " = ";
-        text += std::visit([](auto value) { return valueText(value); }, entry.value);
+        text += tomlKey(entry.key) + " = ";
+        text += std::visit([](auto value) { return tomlValue(value); }, entry.value);
         text += '\n';
     }
     // A table's header claims every line below it, so single values have to come first.
