@@ -56,10 +56,8 @@ std::optional<std::string> readBounded(int descriptor)
     return bytes;
 }
 
-enum class Found { nothing, something, cannotTell };
-
 struct Reading {
-    Found found = Found::something;
+    bool exists = true;
     std::optional<std::string> bytes;
     FileIdentity identity;
 };
@@ -69,12 +67,8 @@ Reading readAt(std::filesystem::path const& file)
     // Without blocking, because a pipe in the file's place would wait for a writer for ever.
     Descriptor const opened{
         ::open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
-    if (!opened) {
-        if (errno == ENOENT || errno == ENOTDIR)
-            return {.found = Found::nothing};
-        bool const exhausted = errno == EMFILE || errno == ENFILE || errno == ENOMEM;
-        return {.found = exhausted ? Found::cannotTell : Found::something};
-    }
+    if (!opened)
+        return {.exists = errno != ENOENT && errno != ENOTDIR};
     struct stat status = {};
     if (::fstat(opened.number(), &status) != 0 || !S_ISREG(status.st_mode)
         || std::cmp_greater(status.st_size, SettingsFile::sizeLimit))
@@ -94,7 +88,7 @@ std::optional<std::string> SettingsFile::load()
 {
     auto reading = readAt(followed(m_path));
     bool const understood = reading.bytes && m_understands(*reading.bytes);
-    m_missed = reading.found != Found::nothing && !understood;
+    m_missed = reading.exists && !understood;
     m_known.reset();
     if (!understood)
         return std::nullopt;
@@ -128,7 +122,7 @@ bool SettingsFile::mayBeReplaced(std::filesystem::path const& file) const
     if (m_known && identityAt(file) == m_known->identity)
         return true;
     auto const reading = readAt(file);
-    return reading.found == Found::nothing || (reading.bytes && m_understands(*reading.bytes));
+    return !reading.exists || (reading.bytes && m_understands(*reading.bytes));
 }
 
 } // namespace velmora
