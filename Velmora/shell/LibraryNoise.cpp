@@ -3,14 +3,15 @@
 #include <QString>
 #include <QtGlobal>
 
-#include <cstdlib>
-
 namespace velmora {
 
 void quietLibraries()
 {
-    if (std::getenv("VELMORA_DEBUG"))
+    if (qEnvironmentVariableIsSet("VELMORA_DEBUG"))
         return;
+    // The sound server's library complains on standard error unless it is told where else.
+    if (!qEnvironmentVariableIsSet("PULSE_LOG_SYSLOG"))
+        qputenv("PULSE_LOG_SYSLOG", "1");
     qInstallMessageHandler([](QtMsgType, QMessageLogContext const&, QString const&) {});
 }
 

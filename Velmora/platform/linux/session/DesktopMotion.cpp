@@ -2,9 +2,9 @@
 
 #include "Velmora/platform/linux/session/XsettingsDocument.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <QFile>
 #include <QFileInfo>
 
@@ -62,18 +62,16 @@ DesktopMotion::DesktopMotion(QDBusConnection sessionBus, X11Watch& x11, QString 
     if (!m_kdeSettings.isEmpty()) {
         // The file is replaced whole when it is saved, so that its folder has to be watched too.
         m_kdeWatcher.addPath(QFileInfo(m_kdeSettings).path());
-        for (auto const signal :
-            {&QFileSystemWatcher::fileChanged, &QFileSystemWatcher::directoryChanged})
-            connect(&m_kdeWatcher, signal, this, &DesktopMotion::readKdeSettings);
+        connect(
+            &m_kdeWatcher, &QFileSystemWatcher::fileChanged, this, &DesktopMotion::readKdeSettings);
+        connect(&m_kdeWatcher, &QFileSystemWatcher::directoryChanged, this,
+            &DesktopMotion::readKdeSettings);
         readKdeSettings();
     }
     if (!m_bus.isConnected())
         return;
-    // Without the type's registration the connection to the signal would fail.
-    qRegisterMetaType<QDBusVariant>();
     m_bus.connect(portalService(), portalPath(), portalInterface(),
-        QStringLiteral("SettingChanged"), this,
-        SLOT(portalSettingChanged(QString, QString, QDBusVariant)));
+        QStringLiteral("SettingChanged"), this, SLOT(portalSettingChanged(QDBusMessage)));
     connect(
         &m_portal, &QDBusServiceWatcher::serviceRegistered, this, &DesktopMotion::askPortalForAll);
     askPortalForAll();
@@ -107,16 +105,17 @@ void DesktopMotion::askPortal(QString const& area, QString const& key)
         });
 }
 
-void DesktopMotion::portalSettingChanged(
-    QString const& area, QString const& key, QDBusVariant const& value)
+void DesktopMotion::portalSettingChanged(QDBusMessage const& message)
 {
-    takePortalSetting(area, key, value.variant());
+    auto const arguments = message.arguments();
+    if (arguments.size() == 3)
+        takePortalSetting(arguments[0].toString(), arguments[1].toString(), arguments[2]);
 }
 
 void DesktopMotion::takePortalSetting(QString const& area, QString const& key, QVariant value)
 {
-    // The portal's oldest call wraps its answer twice.
-    if (value.canConvert<QDBusVariant>())
+    // A signal wraps its value once, the portal's oldest call twice.
+    while (value.canConvert<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
     if (area == appearance() && key == reducedMotion())
         set(m_portalReducedMotion, value.toUInt() == 1);
@@ -164,7 +163,7 @@ bool kdeAnimationsOff(QString const& text)
         if (!inGroup || trimmed.left(equals).trimmed() != QStringLiteral("AnimationDurationFactor"))
             continue;
         bool isNumber = false;
-        double const factor = trimmed.mid(equals + 1).toDouble(&isNumber);
+        double const factor = QStringView(trimmed).mid(equals + 1).toDouble(&isNumber);
         off = isNumber && factor == 0;
     }
     return off;

@@ -4,11 +4,12 @@
 #include "Velmora/platform/linux/session/X11Watch.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
-#include <QDBusVariant>
 #include <QFileSystemWatcher>
 #include <QObject>
 #include <QString>
+#include <QVariant>
 
 namespace velmora {
 
@@ -30,7 +31,7 @@ Q_SIGNALS:
     void reduceMotionChanged(bool reduce);
 
 private Q_SLOTS:
-    void portalSettingChanged(QString const& area, QString const& key, QDBusVariant const& value);
+    void portalSettingChanged(QDBusMessage const& message);
 
 private:
     void askPortal(QString const& area, QString const& key);

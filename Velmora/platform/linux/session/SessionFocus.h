@@ -32,7 +32,7 @@ public:
 
 Q_SIGNALS:
     /// Another copy asks; every post is a request of its own.
-    void requested(FocusRequest const& request);
+    void requested(velmora::FocusRequest const& request);
 
 private Q_SLOTS:
     void receive(QDBusMessage const& message);

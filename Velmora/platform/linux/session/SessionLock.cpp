@@ -1,8 +1,10 @@
 #include "Velmora/platform/linux/session/SessionLock.h"
 
+#include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QVariantMap>
 
 #include <utility>
 
@@ -80,7 +82,7 @@ void SessionLock::followSession(QString const& path)
 {
     auto const properties = QStringLiteral("org.freedesktop.DBus.Properties");
     m_systemBus.connect(loginManager(), path, properties, QStringLiteral("PropertiesChanged"), this,
-        SLOT(propertiesChanged(QString, QVariantMap)));
+        SLOT(propertiesChanged(QDBusMessage)));
     auto call
         = QDBusMessage::createMethodCall(loginManager(), path, properties, QStringLiteral("Get"));
     call << sessionInterface() << lockedHint();
@@ -88,9 +90,13 @@ void SessionLock::followSession(QString const& path)
         m_systemBus, call, this, [this](QVariant const& value) { set(m_hinted, value.toBool()); });
 }
 
-void SessionLock::propertiesChanged(QString const& interface, QVariantMap const& changed)
+void SessionLock::propertiesChanged(QDBusMessage const& message)
 {
-    if (interface == sessionInterface() && changed.contains(lockedHint()))
+    auto const arguments = message.arguments();
+    if (arguments.value(0).toString() != sessionInterface())
+        return;
+    auto const changed = qdbus_cast<QVariantMap>(arguments.value(1));
+    if (changed.contains(lockedHint()))
         set(m_hinted, changed.value(lockedHint()).toBool());
 }
 

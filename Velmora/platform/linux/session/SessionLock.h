@@ -3,7 +3,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QObject>
-#include <QVariantMap>
 
 namespace velmora {
 
@@ -21,7 +20,7 @@ Q_SIGNALS:
     void lockedChanged(bool locked);
 
 private Q_SLOTS:
-    void propertiesChanged(QString const& interface, QVariantMap const& changed);
+    void propertiesChanged(QDBusMessage const& message);
     void saverActiveChanged(bool active);
 
 private:

@@ -9,6 +9,7 @@ namespace velmora {
 /// loop. One object lives at a time; the signals have their usual effect again when it is gone.
 class UnixSignals final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(UnixSignals)
 
 public:
     explicit UnixSignals(QObject* parent = nullptr);

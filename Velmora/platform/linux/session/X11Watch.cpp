@@ -1,7 +1,5 @@
 #include "Velmora/platform/linux/session/X11Watch.h"
 
-#include <QMetaObject>
-
 #include <cstdlib>
 
 namespace velmora {
@@ -9,7 +7,10 @@ namespace velmora {
 namespace {
 
 struct Free {
-    void operator()(void* memory) const { std::free(memory); }
+    void operator()(void* memory) const
+    {
+        std::free(memory); // NOLINT(cppcoreguidelines-no-malloc): the library allocated it so
+    }
 };
 
 /// What the X library hands out is the caller's to free.
@@ -49,6 +50,8 @@ X11Watch::X11Watch(char const* display, QObject* parent)
     m_readable = std::make_unique<QSocketNotifier>(
         xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
     connect(m_readable.get(), &QSocketNotifier::activated, this, &X11Watch::drain);
+    m_soon.setSingleShot(true);
+    connect(&m_soon, &QTimer::timeout, this, &X11Watch::drain);
 }
 
 std::string X11Watch::roleOnScreen(std::string_view role) const
@@ -102,7 +105,7 @@ void X11Watch::drainSoon()
 {
     xcb_flush(m_connection.get());
     // Waiting for an answer may have read events that the notifier will not speak of again.
-    QMetaObject::invokeMethod(this, &X11Watch::drain, Qt::QueuedConnection);
+    m_soon.start();
 }
 
 void X11Watch::drain()

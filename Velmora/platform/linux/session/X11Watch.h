@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <xcb/xcb.h>
 
@@ -46,6 +47,7 @@ private:
     int m_screen = 0;
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     std::unique_ptr<QSocketNotifier> m_readable;
+    QTimer m_soon;
 };
 
 } // namespace velmora

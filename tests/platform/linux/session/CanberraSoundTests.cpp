@@ -4,12 +4,18 @@
 #include "tests/platform/linux/session/PrivateSoundServer.h"
 
 #include <QElapsedTimer>
+#include <QSocketNotifier>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <stdexcept>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace velmora {
 namespace {
@@ -94,6 +100,55 @@ TEST(CanberraSound, WithoutAServerEveryCallReturnsAtOnceAndNothingIsSaid)
             playFromStart(*player, 1);
     }
     EXPECT_LT(timer.elapsed(), 10 * atOnce);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    qunsetenv("PULSE_SERVER");
+}
+
+/// A sound server that hangs up on everyone who calls.
+class RudeServer {
+public:
+    explicit RudeServer(fs::path const& address)
+        : m_listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+        , m_called(m_listener, QSocketNotifier::Read)
+    {
+        sockaddr_un name{};
+        name.sun_family = AF_UNIX;
+        address.string().copy(name.sun_path, sizeof name.sun_path - 1);
+        if (bind(m_listener, reinterpret_cast<sockaddr const*>(&name), sizeof name) != 0
+            || listen(m_listener, 8) != 0)
+            throw std::runtime_error("no server at " + address.string());
+        QObject::connect(&m_called, &QSocketNotifier::activated, &m_called, [this] {
+            ++calls;
+            close(accept(m_listener, nullptr, nullptr));
+        });
+    }
+    RudeServer(RudeServer const&) = delete;
+    RudeServer& operator=(RudeServer const&) = delete;
+    ~RudeServer()
+    {
+        m_called.setEnabled(false);
+        close(m_listener);
+    }
+
+    int calls = 0;
+
+private:
+    int m_listener;
+    QSocketNotifier m_called;
+};
+
+TEST(CanberraSound, AServerThatHangsUpIsTriedAgainByTheNextChimeAndNothingIsSaid)
+{
+    TemporaryFolder const folder;
+    auto const address = folder.path() / "native";
+    RudeServer const server(address);
+    qputenv("PULSE_SERVER", "unix:" + QByteArray::fromStdString(address.string()));
+    testing::internal::CaptureStderr();
+    auto const player = CanberraSound().load(VELMORA_CHIME);
+    for (int expected = 1; expected <= 3; ++expected) {
+        playFromStart(*player, 1);
+        EXPECT_TRUE(eventually([&] { return server.calls >= expected; }));
+    }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     qunsetenv("PULSE_SERVER");
 }

@@ -75,7 +75,8 @@ TEST_F(TrayHostTest, AnXTrayAloneIsReportedAfterAWhile)
     TrayHost const host(bus.connect(), x11, 300ms);
     RoleOwner const panel(display->name(), tray);
     EXPECT_TRUE(eventually([&] { return host.available(); }));
-    EXPECT_GE(timer.elapsed(), 290);
+    // The timer may be early by a twentieth.
+    EXPECT_GE(timer.elapsed(), 280);
 }
 
 TEST_F(TrayHostTest, AnXTrayIsNotReportedWhileANotifierHostMayStillCome)
