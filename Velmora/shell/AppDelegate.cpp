@@ -4,11 +4,14 @@
 #include "Velmora/platform/toolkit/ToolkitDisplays.h"
 #include "Velmora/shell/StatusItem.h"
 #include "Velmora/views/WidgetView.h"
+#include "Velmora/windows/SettingsPanel.h"
+#include "Velmora/windows/SetupWidget.h"
 #include "Velmora/windows/WidgetPanel.h"
 
 #include <QCoreApplication>
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <utility>
@@ -36,6 +39,7 @@ AppDelegate::AppDelegate(std::shared_ptr<InstanceLock> lock, Seams seams)
 
 AppDelegate::~AppDelegate()
 {
+    m_seams.model.onShowingSettings = nullptr;
     m_seams.model.onWidgetSize = nullptr;
     m_seams.model.onStatus = nullptr;
 }
@@ -45,7 +49,8 @@ void AppDelegate::applicationDidFinishLaunching(FocusRequest flags)
     installModelCallbacks();
     fitStoredSizeToMainScreen();
     setupStatusItem();
-    setupWidget();
+    setupWidgetPanel();
+    setupSettings();
     connect(
         &m_seams.displays, &ToolkitDisplays::settled, this, &AppDelegate::screenParametersChanged);
     m_seams.model.start();
@@ -55,6 +60,10 @@ void AppDelegate::applicationDidFinishLaunching(FocusRequest flags)
 
 void AppDelegate::installModelCallbacks()
 {
+    m_seams.model.onShowingSettings = [this](bool showing) {
+        if (m_settingsPanel)
+            m_settingsPanel->setShown(showing);
+    };
     m_seams.model.onWidgetSize = [this] { widgetSizeChanged(); };
     m_seams.model.onStatus = [this] { refreshStatusItem(); };
 }
@@ -70,28 +79,48 @@ void AppDelegate::fitStoredSizeToMainScreen()
 void AppDelegate::setupStatusItem()
 {
     m_statusItem = std::make_unique<StatusItem>(m_seams.model);
-    connect(m_statusItem.get(), &StatusItem::openSettings, this,
-        [this] { m_seams.model.setShowingSettings(true); });
     connect(m_statusItem.get(), &StatusItem::quit, qApp, &QCoreApplication::quit);
 }
 
-void AppDelegate::setupWidget()
+void AppDelegate::setupWidgetPanel()
 {
-    auto& model = m_seams.model;
-    double const side = model.widgetSize();
-    m_widgetView = std::make_unique<WidgetView>(model);
-    m_widgetPanel = std::make_unique<WidgetPanel>(WidgetPanel::Seams{.model = model,
-                                                      .clock = m_seams.clock,
-                                                      .displays = m_seams.displays,
-                                                      .desktop = m_seams.desktop},
+    m_widgetView = std::make_unique<WidgetView>(m_seams.model);
+    m_widgetPanel = setupWidget({.model = m_seams.model,
+                                    .clock = m_seams.clock,
+                                    .displays = m_seams.displays,
+                                    .desktop = m_seams.desktopPanel},
         *m_widgetView);
+}
 
-    auto const origin = model.originForLaunch(side);
-    m_widgetPanel->setFrame({.x = origin.x, .y = origin.y, .width = side, .height = side});
-    if (model.hasSavedOrigin() && distance(origin, model.widgetOrigin()) > placeTolerance)
-        model.saveOrigin(origin);
-    model.setHostScreen(m_widgetPanel->display());
-    m_widgetPanel->orderFrontRegardless();
+void AppDelegate::setupSettings()
+{
+    m_settingsPanel = std::make_unique<SettingsPanel>(SettingsPanel::Seams{.model = m_seams.model,
+        .chime = m_seams.chime,
+        .desktop = m_seams.desktopWindow,
+        .surroundings = [this] { return surroundings(); },
+        .timeFormat = m_seams.timeFormat});
+    connect(m_settingsPanel.get(), &SettingsPanel::quitRequested, qApp, &QCoreApplication::quit);
+    connect(m_statusItem.get(), &StatusItem::openSettings, m_settingsPanel.get(),
+        &SettingsPanel::openSettings);
+}
+
+SettingsPlacement::Surroundings AppDelegate::surroundings() const
+{
+    auto const all = m_seams.displays.all();
+    auto const find = [&](std::optional<DisplayId> id) {
+        return std::find_if(
+            all.begin(), all.end(), [&](Display const& display) { return display.id == id; });
+    };
+    auto display = m_widgetPanel ? find(m_widgetPanel->display()) : all.end();
+    if (display == all.end())
+        display = find(m_seams.displays.main());
+
+    SettingsPlacement::Surroundings around;
+    if (m_widgetPanel)
+        around.orb = m_widgetPanel->frame();
+    if (display != all.end())
+        around.visible = display->frames.visible;
+    return around;
 }
 
 void AppDelegate::honour(FocusRequest flags)
@@ -188,6 +217,8 @@ void AppDelegate::screenParametersChanged()
         model.saveOrigin(origin);
     }
     model.setHostScreen(m_widgetPanel->display());
+    if (m_settingsPanel)
+        m_settingsPanel->displaysChanged();
 }
 
 } // namespace velmora

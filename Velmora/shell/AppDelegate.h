@@ -1,18 +1,23 @@
 #pragma once
 
+#include "Velmora/geometry/SettingsPlacement.h"
 #include "Velmora/platform/FocusRequest.h"
 #include "Velmora/platform/posix/InstanceLock.h"
 
 #include <QObject>
+#include <QString>
 
 #include <memory>
 
 namespace velmora {
 
 class AppModel;
+class ChimePlayer;
 class Clock;
 class DefaultsStore;
 class DesktopPanel;
+class DesktopWindow;
+class SettingsPanel;
 class StatusItem;
 class ToolkitDisplays;
 class WidgetPanel;
@@ -29,8 +34,12 @@ public:
         AppModel& model;
         Clock const& clock;
         ToolkitDisplays& displays;
-        DesktopPanel& desktop;
         DefaultsStore& defaults;
+        ChimePlayer& chime;
+        DesktopPanel& desktopPanel;
+        DesktopWindow& desktopWindow;
+        /// The user's form of an hour and a minute, such as "h:mm AP".
+        QString timeFormat;
     };
 
     AppDelegate(std::shared_ptr<InstanceLock> lock, Seams seams);
@@ -57,7 +66,9 @@ private:
     void installModelCallbacks();
     void fitStoredSizeToMainScreen();
     void setupStatusItem();
-    void setupWidget();
+    void setupWidgetPanel();
+    void setupSettings();
+    [[nodiscard]] SettingsPlacement::Surroundings surroundings() const;
     void honour(FocusRequest flags);
     void refreshStatusItem();
     void orderWidgetFront();
@@ -68,6 +79,7 @@ private:
     Seams m_seams;
     std::unique_ptr<WidgetView> m_widgetView;
     std::unique_ptr<WidgetPanel> m_widgetPanel;
+    std::unique_ptr<SettingsPanel> m_settingsPanel;
     std::unique_ptr<StatusItem> m_statusItem;
 };
 

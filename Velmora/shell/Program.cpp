@@ -3,6 +3,7 @@
 #include "Velmora/model/AppModel.h"
 #include "Velmora/platform/linux/TomlDefaultsStore.h"
 #include "Velmora/platform/linux/X11DesktopPanel.h"
+#include "Velmora/platform/linux/X11DesktopWindow.h"
 #include "Velmora/platform/linux/session/CanberraSound.h"
 #include "Velmora/platform/linux/session/DesktopMotion.h"
 #include "Velmora/platform/linux/session/LogindSleep.h"
@@ -88,13 +89,17 @@ int runProgram(int argc, char** argv, Launch launch)
         .defaults = defaults,
         .chime = chime,
         .loginItem = loginItem});
-    X11DesktopPanel desktop;
+    X11DesktopPanel desktopPanel;
+    X11DesktopWindow desktopWindow;
     AppDelegate delegate(std::move(launch.lock),
         {.model = model,
             .clock = clock,
             .displays = displays,
-            .desktop = desktop,
-            .defaults = defaults});
+            .defaults = defaults,
+            .chime = chime,
+            .desktopPanel = desktopPanel,
+            .desktopWindow = desktopWindow,
+            .timeFormat = calendar.timeFormat()});
 
     FocusReceiver const focus(sessionBus);
     LogindSleep const sleep(systemBus);

@@ -14,6 +14,9 @@ public:
     [[nodiscard]] ClockComponents components(double instant) const override;
     [[nodiscard]] std::string shortTime(int hour, int minute) const override;
 
+    /// The user's form of an hour and a minute in the toolkit's letters, such as "h:mm AP".
+    [[nodiscard]] QString const& timeFormat() const { return m_format; }
+
 private:
     QString m_format;
 };
