@@ -59,6 +59,8 @@ SettingsPanel::SettingsPanel(Seams seams)
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->setAccessibleName(tr("Settings"));
     SettingsStyle::apply(*m_scroll->verticalScrollBar());
+    // It lies over the form and does not fill its rectangle.
+    m_scroll->verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
     m_scroll->setWidget(m_view);
     m_view->installEventFilter(this);
 
