@@ -249,6 +249,14 @@ TEST(DefaultsDocument, RefusesNestingThatWouldExhaustTheStack)
     EXPECT_FALSE(parseDefaults("[[" + dotted(many) + "]]\n"));
 }
 
+TEST(DefaultsDocument, RefusesWhatItCouldNotReadOnceWrittenAnew)
+{
+    EXPECT_TRUE(parseDefaults("a = [{ " + dotted(5) + " = 1 }]\n"));
+    EXPECT_FALSE(parseDefaults("a = [{ " + dotted(20) + " = 1 }]\n"));
+    EXPECT_TRUE(parseDefaults('[' + dotted(90) + "]\n" + dotted(90) + " = 1\n"));
+    EXPECT_FALSE(parseDefaults('[' + dotted(150) + "]\n" + dotted(150) + " = 1\n"));
+}
+
 TEST(DefaultsDocument, SurvivesTheDeepestNestingThatIsNotRefusedOutright)
 {
     std::string text = '[' + dotted(200) + "]\n" + dotted(200) + " = ";
@@ -257,7 +265,7 @@ TEST(DefaultsDocument, SurvivesTheDeepestNestingThatIsNotRefusedOutright)
         text += "[\n{" + dotted(199) + " = ";
         end += "}\n]";
     }
-    // It is refused after all, because written on one line it would be refused the next time.
+    // It is refused after all, because it would be the next time, written as one line.
     EXPECT_FALSE(parseDefaults(text + end + '\n'));
 }
 
