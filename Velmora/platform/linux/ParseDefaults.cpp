@@ -120,10 +120,13 @@ std::string tableText(std::string const& header, toml::table const& table)
     std::string tables;
     for (auto const& [key, node] : table) {
         auto const name = tomlKey(key.str());
-        if (auto const* inner = node.as_table())
-            tables += (tables.empty() ? "" : "\n") + tableText(header + '.' + name, *inner);
-        else
-            values += name + " = " + inlineText(node) + '\n';
+        if (auto const* inner = node.as_table()) {
+            auto path = header;
+            path.append(".").append(name);
+            tables.append(tables.empty() ? "" : "\n").append(tableText(path, *inner));
+        } else {
+            values.append(name).append(" = ").append(inlineText(node)).append("\n");
+        }
     }
     if (values.empty() && !tables.empty())
         return tables;
