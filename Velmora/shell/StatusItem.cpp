@@ -13,16 +13,16 @@ StatusItem::StatusItem(AppModel& model)
     m_statusRow = m_menu.addAction(QString());
     m_statusRow->setEnabled(false);
     m_menu.addSeparator();
-    m_pauseRow = m_menu.addAction(QString(), this, [this] { m_model.togglePaused(); });
-    m_pauseRow->setShortcut(Qt::CTRL | Qt::Key_P);
-    auto* now = m_menu.addAction(tr("Velmora Now"), this, [this] { m_model.velmoraNow(); });
-    now->setShortcut(Qt::CTRL | Qt::Key_B);
+    m_pauseRow = addRow(QString(), Qt::CTRL | Qt::Key_P);
+    connect(m_pauseRow, &QAction::triggered, this, [this] { m_model.togglePaused(); });
+    auto const* now = addRow(tr("Velmora Now"), Qt::CTRL | Qt::Key_B);
+    connect(now, &QAction::triggered, this, [this] { m_model.velmoraNow(); });
     m_menu.addSeparator();
-    auto* settings = m_menu.addAction(tr("Settings…"), this, &StatusItem::openSettings);
-    settings->setShortcut(Qt::CTRL | Qt::Key_Comma);
+    auto const* settings = addRow(tr("Settings…"), Qt::CTRL | Qt::Key_Comma);
+    connect(settings, &QAction::triggered, this, &StatusItem::openSettings);
     m_menu.addSeparator();
-    auto* quitRow = m_menu.addAction(tr("Quit Velmora"), this, &StatusItem::quit);
-    quitRow->setShortcut(Qt::CTRL | Qt::Key_Q);
+    auto const* quitRow = addRow(tr("Quit Velmora"), Qt::CTRL | Qt::Key_Q);
+    connect(quitRow, &QAction::triggered, this, &StatusItem::quit);
 
     connect(&m_menu, &QMenu::aboutToShow, this, &StatusItem::rebuildMenu);
     rebuildMenu();
@@ -30,11 +30,20 @@ StatusItem::StatusItem(AppModel& model)
 
 StatusItem::~StatusItem() = default;
 
+QAction* StatusItem::addRow(QString const& title, QKeySequence const& shortcut)
+{
+    auto* const row = m_menu.addAction(title);
+    row->setShortcut(shortcut);
+    // Some desktops keep shortcuts out of menus like this one unless told otherwise.
+    row->setShortcutVisibleInContextMenu(true);
+    return row;
+}
+
 void StatusItem::show()
 {
     if (m_icon)
         return;
-    m_icon = std::make_unique<QSystemTrayIcon>(statusImage(QColor(0xf2, 0xf2, 0xf2)));
+    m_icon = std::make_unique<QSystemTrayIcon>(statusImage(m_ink));
     m_icon->setToolTip(QStringLiteral("Velmora"));
     m_icon->setContextMenu(&m_menu);
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
@@ -45,11 +54,19 @@ void StatusItem::show()
     m_icon->show();
 }
 
+void StatusItem::setInk(std::optional<QColor> const& ink)
+{
+    m_ink = ink;
+    if (m_icon)
+        m_icon->setIcon(statusImage(m_ink));
+}
+
 void StatusItem::refresh()
 {
     auto const line = QString::fromStdString(m_model.statusLine());
-    if (m_icon)
-        m_icon->setToolTip(QStringLiteral("Velmora — ") + line);
+    auto const toolTip = QStringLiteral("Velmora — ") + line;
+    if (m_icon && m_icon->toolTip() != toolTip)
+        m_icon->setToolTip(toolTip);
     if (m_statusRow->text() != line)
         m_statusRow->setText(line);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QColor>
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
 
 #include <memory>
+#include <optional>
 
 namespace velmora {
 
@@ -22,6 +24,9 @@ public:
     /// at its first touch how to speak to the panel, for good.
     void show();
 
+    /// Draws the icon in the panel's colour for symbols; without one, readable on any panel.
+    void setInk(std::optional<QColor> const& ink);
+
     /// Brings the tooltip and the menu's first row up to the status line.
     void refresh();
 
@@ -31,8 +36,10 @@ Q_SIGNALS:
 
 private:
     void rebuildMenu();
+    QAction* addRow(QString const& title, QKeySequence const& shortcut);
 
     AppModel& m_model;
+    std::optional<QColor> m_ink;
     QMenu m_menu;
     QAction* m_statusRow = nullptr;
     QAction* m_pauseRow = nullptr;

@@ -5,6 +5,8 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
+#include <array>
+#include <cstring>
 #include <utility>
 
 namespace velmora {
@@ -67,7 +69,12 @@ void TrayHost::askForNotifierHost()
 
 void TrayHost::lookForTray()
 {
-    m_tray = m_x11.owner(m_x11.roleOnScreen("_NET_SYSTEM_TRAY")) != XCB_NONE;
+    auto const tray = m_x11.owner(m_x11.roleOnScreen("_NET_SYSTEM_TRAY"));
+    m_tray = tray != XCB_NONE;
+    auto const ink
+        = m_tray ? trayInk(m_x11.property(tray, "_NET_SYSTEM_TRAY_COLORS")) : std::nullopt;
+    if (ink != std::exchange(m_ink, ink))
+        Q_EMIT inkChanged();
     update();
 }
 
@@ -78,6 +85,16 @@ void TrayHost::update()
     bool const now = m_notifierHost || (m_tray && m_waited);
     if (now != std::exchange(m_available, now))
         Q_EMIT availableChanged(now);
+}
+
+std::optional<TrayInk> trayInk(std::span<unsigned char const> property)
+{
+    std::array<std::uint32_t, 12> numbers{};
+    if (property.size() < sizeof numbers)
+        return std::nullopt;
+    std::memcpy(numbers.data(), property.data(), sizeof numbers);
+    auto const part = [&](std::size_t at) { return static_cast<std::uint16_t>(numbers.at(at)); };
+    return TrayInk{.red = part(0), .green = part(1), .blue = part(2)};
 }
 
 } // namespace velmora

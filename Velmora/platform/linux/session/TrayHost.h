@@ -8,8 +8,20 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdint>
+#include <optional>
+#include <span>
 
 namespace velmora {
+
+/// The colour in which a tray wants its symbols drawn; each part is 0 to 65535.
+struct TrayInk {
+    std::uint16_t red = 0;
+    std::uint16_t green = 0;
+    std::uint16_t blue = 0;
+
+    bool operator==(TrayInk const&) const = default;
+};
 
 /// Whether the desktop has a place for a status item now.
 ///
@@ -26,9 +38,15 @@ public:
 
     [[nodiscard]] bool available() const { return m_available; }
 
+    /// The colour for symbols, light on a dark panel and dark on a light one; absent where the tray
+    /// does not tell.
+    [[nodiscard]] std::optional<TrayInk> ink() const { return m_ink; }
+
 Q_SIGNALS:
     /// A place came, or the last one went.
     void availableChanged(bool available);
+    /// The tray has other colours.
+    void inkChanged();
 
 private Q_SLOTS:
     void askForNotifierHost();
@@ -41,10 +59,16 @@ private:
     QDBusServiceWatcher m_notifierWatcher;
     X11Watch& m_x11;
     QTimer m_patience;
+    std::optional<TrayInk> m_ink;
     bool m_notifierHost = false;
     bool m_tray = false;
     bool m_waited = false;
     bool m_available = false;
 };
+
+/// The colour for ordinary symbols in a tray's `_NET_SYSTEM_TRAY_COLORS` property: four colours of
+/// three 32-bit numbers in the machine's byte order, the ordinary one first. Absent when it is cut
+/// short.
+[[nodiscard]] std::optional<TrayInk> trayInk(std::span<unsigned char const> property);
 
 } // namespace velmora

@@ -9,7 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <optional>
+#include <vector>
 
 namespace velmora {
 namespace {
@@ -99,6 +101,42 @@ TEST_F(TrayHostTest, FollowsAnXTrayThatRestarts)
     EXPECT_TRUE(eventually([&] { return !host.available(); }));
     panel.emplace(display->name(), tray);
     EXPECT_TRUE(eventually([&] { return host.available(); }));
+}
+
+/// A tray's colours: ordinary ones of these parts, and three more of no interest.
+std::vector<unsigned char> colours(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
+{
+    std::vector<std::uint32_t> const numbers{red, green, blue, 1, 1, 1, 2, 2, 2, 3, 3, 3};
+    std::vector<unsigned char> bytes(numbers.size() * 4);
+    std::memcpy(bytes.data(), numbers.data(), bytes.size());
+    return bytes;
+}
+
+TEST_F(TrayHostTest, FollowsTheColourThatTheTrayWants)
+{
+    TrayHost const host(bus.connect(), x11, 0ms);
+    EXPECT_EQ(host.ink(), std::nullopt);
+    int changes = 0;
+    QObject::connect(&host, &TrayHost::inkChanged, &host, [&] { ++changes; });
+    std::optional<RoleOwner> panel;
+    panel.emplace(display->name(), tray);
+    panel->setProperty("_NET_SYSTEM_TRAY_COLORS", colours(65535, 32768, 1));
+    TrayInk const light{.red = 65535, .green = 32768, .blue = 1};
+    EXPECT_TRUE(eventually([&] { return host.ink() == light; }));
+    panel->setProperty("_NET_SYSTEM_TRAY_COLORS", colours(0, 0, 0));
+    EXPECT_TRUE(eventually([&] { return host.ink() == TrayInk{}; }));
+    panel.reset();
+    EXPECT_TRUE(eventually([&] { return !host.ink(); }));
+    EXPECT_EQ(changes, 3);
+}
+
+TEST(TrayInk, IsAbsentWhenThePropertyIsCutShort)
+{
+    auto bytes = colours(1, 2, 3);
+    EXPECT_TRUE(trayInk(bytes));
+    bytes.pop_back();
+    EXPECT_FALSE(trayInk(bytes));
+    EXPECT_FALSE(trayInk({}));
 }
 
 TEST_F(TrayHostTest, WithoutABusAnXTrayIsReportedAtOnce)
