@@ -79,7 +79,8 @@ void AppDelegate::fitStoredSizeToMainScreen()
 void AppDelegate::setupStatusItem()
 {
     m_statusItem = std::make_unique<StatusItem>(m_seams.model);
-    connect(m_statusItem.get(), &StatusItem::quit, qApp, &QCoreApplication::quit);
+    m_statusItem->setInk(m_trayInk);
+    connect(m_statusItem.get(), &StatusItem::quit, this, &AppDelegate::terminate);
 }
 
 void AppDelegate::setupWidgetPanel()
@@ -99,7 +100,7 @@ void AppDelegate::setupSettings()
         .desktop = m_seams.desktopWindow,
         .surroundings = [this] { return surroundings(); },
         .timeFormat = m_seams.timeFormat});
-    connect(m_settingsPanel.get(), &SettingsPanel::quitRequested, qApp, &QCoreApplication::quit);
+    connect(m_settingsPanel.get(), &SettingsPanel::quitRequested, this, &AppDelegate::terminate);
     connect(m_statusItem.get(), &StatusItem::openSettings, m_settingsPanel.get(),
         &SettingsPanel::openSettings);
 }
@@ -132,10 +133,26 @@ void AppDelegate::honour(FocusRequest flags)
         QTimer::singleShot(settingsDelay, this, [model] { model->setShowingSettings(true); });
 }
 
-void AppDelegate::applicationWillTerminate()
+void AppDelegate::terminate()
+{
+    // A polite end would first ask every window, and any of them could refuse.
+    QCoreApplication::exit(0);
+}
+
+void AppDelegate::save()
 {
     m_seams.model.persist();
     m_seams.defaults.flush();
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    save();
+}
+
+void AppDelegate::sessionEnds()
+{
+    save();
 }
 
 void AppDelegate::takeFocusRequest(FocusRequest request)
@@ -149,8 +166,7 @@ void AppDelegate::takeFocusRequest(FocusRequest request)
 
 void AppDelegate::willSleep()
 {
-    m_seams.model.persist();
-    m_seams.defaults.flush();
+    save();
 }
 
 void AppDelegate::didWake()
@@ -171,6 +187,13 @@ void AppDelegate::trayAvailable(bool available)
         m_statusItem->show();
         m_statusItem->refresh();
     }
+}
+
+void AppDelegate::trayInkChanged(std::optional<QColor> const& ink)
+{
+    m_trayInk = ink;
+    if (m_statusItem)
+        m_statusItem->setInk(ink);
 }
 
 void AppDelegate::refreshStatusItem()

@@ -4,10 +4,12 @@
 #include "Velmora/platform/FocusRequest.h"
 #include "Velmora/platform/posix/InstanceLock.h"
 
+#include <QColor>
 #include <QObject>
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace velmora {
 
@@ -47,11 +49,15 @@ public:
 
     /// Builds the interface, starts the model and honours the command line.
     void applicationDidFinishLaunching(FocusRequest flags);
+    /// Leaves the event loop, whatever windows are open.
+    void terminate();
     /// Saves, and returns when the settings are on the disk.
     void applicationWillTerminate();
 
     /// A later copy of the program asks this one to come forward.
     void takeFocusRequest(FocusRequest request);
+    /// The session is ending, or may still think better of it: saves, and goes on.
+    void sessionEnds();
     /// The machine is about to sleep: saves, and returns when the settings are on the disk.
     void willSleep();
     /// The machine woke up: what fell due meanwhile happens at once.
@@ -61,8 +67,11 @@ public:
     void sessionLocked(bool locked);
     /// The desktop has a place for the status item, or has lost it.
     void trayAvailable(bool available);
+    /// The panel wants its symbols in this colour; absent when it does not tell.
+    void trayInkChanged(std::optional<QColor> const& ink);
 
 private:
+    void save();
     void installModelCallbacks();
     void fitStoredSizeToMainScreen();
     void setupStatusItem();
@@ -76,6 +85,7 @@ private:
     void screenParametersChanged();
 
     std::shared_ptr<InstanceLock> m_instanceLock;
+    std::optional<QColor> m_trayInk;
     Seams m_seams;
     std::unique_ptr<WidgetView> m_widgetView;
     std::unique_ptr<WidgetPanel> m_widgetPanel;

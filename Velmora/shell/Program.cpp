@@ -6,10 +6,7 @@
 #include "Velmora/platform/linux/X11DesktopWindow.h"
 #include "Velmora/platform/linux/session/CanberraSound.h"
 #include "Velmora/platform/linux/session/DesktopMotion.h"
-#include "Velmora/platform/linux/session/LogindSleep.h"
 #include "Velmora/platform/linux/session/SessionFocus.h"
-#include "Velmora/platform/linux/session/SessionLock.h"
-#include "Velmora/platform/linux/session/TrayHost.h"
 #include "Velmora/platform/linux/session/UnixSignals.h"
 #include "Velmora/platform/linux/session/X11Watch.h"
 #include "Velmora/platform/linux/session/XdgAutostart.h"
@@ -21,6 +18,8 @@
 #include "Velmora/platform/toolkit/SystemClock.h"
 #include "Velmora/platform/toolkit/ToolkitDisplays.h"
 #include "Velmora/shell/AppDelegate.h"
+#include "Velmora/shell/SaveAtExit.h"
+#include "Velmora/shell/SystemObservers.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -61,10 +60,10 @@ QString kdeSettings(std::filesystem::path const& config)
 int runProgram(int argc, char** argv, Launch launch)
 {
     auto const application = makeApplication(argc, argv, launch.session);
+    UnixSignals const endings;
     auto const config = configFolder(launch.home);
     auto const program = programPath();
     auto const sessionBus = existingSessionBus();
-    auto const systemBus = QDBusConnection::systemBus();
 
     SystemClock const clock;
     LocalCalendar const calendar;
@@ -101,20 +100,11 @@ int runProgram(int argc, char** argv, Launch launch)
             .desktopWindow = desktopWindow,
             .timeFormat = calendar.timeFormat()});
 
-    FocusReceiver const focus(sessionBus);
-    LogindSleep const sleep(systemBus);
-    SessionLock const sessionLock(systemBus, sessionBus);
-    TrayHost const tray(sessionBus, x11);
-    UnixSignals const endings;
-    QObject::connect(&focus, &FocusReceiver::requested, &delegate, &AppDelegate::takeFocusRequest);
-    QObject::connect(&sleep, &LogindSleep::willSleep, &delegate, &AppDelegate::willSleep);
-    QObject::connect(&sleep, &LogindSleep::didWake, &delegate, &AppDelegate::didWake);
-    QObject::connect(
-        &sessionLock, &SessionLock::lockedChanged, &delegate, &AppDelegate::sessionLocked);
-    QObject::connect(&tray, &TrayHost::availableChanged, &delegate, &AppDelegate::trayAvailable);
-    QObject::connect(&endings, &UnixSignals::endRequested, qApp, &QCoreApplication::quit);
+    SystemObservers const observers(delegate, sessionBus, QDBusConnection::systemBus(), x11);
+    QObject::connect(&endings, &UnixSignals::endRequested, &delegate, &AppDelegate::terminate);
     QObject::connect(
         qApp, &QCoreApplication::aboutToQuit, &delegate, &AppDelegate::applicationWillTerminate);
+    SaveAtExit const saveAtExit(delegate);
 
     delegate.applicationDidFinishLaunching(launch.request);
     return QApplication::exec();

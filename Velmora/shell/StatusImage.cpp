@@ -13,24 +13,21 @@ constexpr double ringInset = 2.2;
 constexpr double ringWidth = 1.5;
 constexpr double dotInset = 6.2;
 
-/// What the image is drawn in on a panel whose colours nobody knows.
+/// What the image is drawn in, and on, where nobody knows the panel's colours.
 QColor const unknownInk(0xf4, 0xf4, 0xf4);
-constexpr QColor unknownRim(0, 0, 0, 0xa0);
-constexpr double rimWidth = 1.2;
+QColor const unknownGround(0x22, 0x26, 0x2a, 0xd8);
+constexpr double groundInset = 0.4;
 
 QRectF inset(double by)
 {
     return {by, by, designSide - 2 * by, designSide - 2 * by};
 }
 
-void draw(QPainter& painter, QColor const& colour, double wider)
+void fillCircle(QPainter& painter, QColor const& colour, double insetBy)
 {
-    painter.setPen(QPen(colour, ringWidth + 2 * wider));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(inset(ringInset));
     painter.setPen(Qt::NoPen);
     painter.setBrush(colour);
-    painter.drawEllipse(inset(dotInset - wider));
+    painter.drawEllipse(inset(insetBy));
 }
 
 } // namespace
@@ -43,8 +40,12 @@ QPixmap statusPixmap(int side, std::optional<QColor> const& ink)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(side / designSide, side / designSide);
     if (!ink)
-        draw(painter, unknownRim, rimWidth);
-    draw(painter, ink.value_or(unknownInk), 0);
+        fillCircle(painter, unknownGround, groundInset);
+    auto const colour = ink.value_or(unknownInk);
+    painter.setPen(QPen(colour, ringWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(inset(ringInset));
+    fillCircle(painter, colour, dotInset);
     return pixmap;
 }
 
