@@ -33,7 +33,8 @@ class Bystander:
                      if window.pid == self.process.pid and window.title == self.title), None)
 
     def events(self) -> list[str]:
-        """What has reached the window: "press 1 40 52" (button, x, y), "scroll", "motion", "focus", "drawn"."""
+        """What has reached the window: "press 1 40 52" (button, x, y),
+        "key a", "scroll", "motion", "focus", "drawn"."""
         return self._log.read_text().splitlines()
 
     def presses(self) -> list[tuple[int, int, int]]:

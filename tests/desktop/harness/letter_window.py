@@ -35,6 +35,7 @@ def _main() -> None:
     area.connect("motion-notify-event", lambda *_: print("motion"))
     window.connect("focus-in-event", lambda *_: print("focus"))
     window.connect("focus-out-event", lambda *_: print("focus lost"))
+    window.connect("key-press-event", lambda _, event: print("key", Gdk.keyval_name(event.keyval)))
     window.connect("destroy", Gtk.main_quit)
     window.add(area)
     window.show_all()

@@ -1,0 +1,218 @@
+"""The orb under the hand: moved, resized, clicked, hovered."""
+
+import random
+
+import pytest
+
+from harness import Desktop, Head, Rectangle, wait_for, watch
+from orb_hand import OrbHand
+
+
+@pytest.fixture
+def orb(desktop: Desktop) -> OrbHand:
+    desktop.settings.write(widgetSize=128.0, widgetOriginX=600.0, widgetOriginY=300.0, hasSavedOrigin=True)
+    return OrbHand(desktop, desktop.run())
+
+
+def test_it_follows_the_pointer_point_for_point_and_saves_where_it_was_left(orb: OrbHand):
+    pointer, before = orb.desktop.pointer, orb.place
+    start = orb.at(0, -20)
+    pointer.move(*start)
+    pointer.press()
+    for step in range(1, 21):
+        pointer.move(start[0] - step * 10 * orb.scale, start[1] + step * 3 * orb.scale)
+    wait_for(lambda: (orb.place.x, orb.place.y)
+             == (before.x - 200 * orb.scale, before.y + 60 * orb.scale), 3, "the orb under the pointer")
+    pointer.release()
+    wait_for(orb.saved_where_it_stands, 3, "the saved place")
+
+
+def test_a_drag_hangs_at_most_thirty_five_per_cent_over_the_edge(orb: OrbHand):
+    orb.desktop.pointer.drag(orb.at(0, -20), (0, orb.at(0, -20)[1]))
+    wait_for(lambda: abs(orb.place.x + 0.35 * 128 * orb.scale) <= orb.scale, 3, "the bound at the left edge")
+
+
+def test_dragging_with_alt_resizes_about_the_centre(orb: OrbHand):
+    pointer, centre = orb.desktop.pointer, orb.place.centre
+    start = orb.at(0, -20)
+    pointer.hold_key("Alt_L")
+    pointer.drag(start, (start[0] + 20 * orb.scale, start[1] + 12 * orb.scale))
+    pointer.release_key("Alt_L")
+    wait_for(lambda: orb.side == 160, 3, "a side of 160 points")
+    assert max(abs(a - b) for a, b in zip(orb.place.centre, centre)) <= orb.scale
+    wait_for(lambda: orb.saved()["widgetSize"] == 160 and orb.saved_where_it_stands(), 3, "both saved")
+
+
+def test_alt_pressed_or_let_go_on_the_way_changes_nothing(orb: OrbHand):
+    pointer, side = orb.desktop.pointer, orb.side
+    start = orb.at(0, -20)
+    pointer.move(*start)
+    pointer.press()
+    pointer.move(start[0] - 20 * orb.scale, start[1])
+    wait_for(lambda: orb.place.x == (600 - 20) * orb.scale, 3, "the beginning of a move")
+    pointer.hold_key("Alt_L")
+    pointer.move(start[0] - 60 * orb.scale, start[1])
+    pointer.release()
+    pointer.release_key("Alt_L")
+    wait_for(lambda: orb.place.x == (600 - 60) * orb.scale, 3, "the move's end")
+    assert orb.side == side
+
+
+def test_wheel_notches_are_eight_points(orb: OrbHand):
+    orb.desktop.pointer.move(*orb.at())
+    orb.desktop.pointer.wheel(2)
+    wait_for(lambda: orb.side == 144, 3, "144 points")
+    orb.desktop.pointer.wheel(-3)
+    wait_for(lambda: orb.side == 120, 3, "120 points")
+
+
+def test_the_wheel_on_a_corner_leaves_the_orb_alone(orb: OrbHand):
+    letter = orb.desktop.window("Letter", Rectangle(orb.place.x - 60, orb.place.y - 60, 400, 400))
+    orb.desktop.pointer.move(*orb.at(-60, -60))
+    orb.desktop.pointer.wheel(2)
+    wait_for(lambda: "scroll" in letter.events(), 3, "the wheel's turn beneath")
+    assert orb.side == 128
+
+
+def test_a_touchpad_resizes_smoothly_and_by_pinching(orb: OrbHand):
+    if not orb.desktop.has_touchpad:
+        pytest.skip("this X server has no test input driver")
+    orb.hover()
+    with orb.desktop.touchpad() as touchpad:
+        # The toolkit learns from the first strokes where the axis stands.
+        def felt() -> bool:
+            touchpad.scroll(-20)
+            return orb.saved()["widgetSize"] > 128
+        wait_for(felt, 3, "a stroke that is felt", every=0.3)
+        before = settled_size(orb)
+        # 120 of the driver's units are a notch, and a notch is 15 points of a touchpad.
+        touchpad.scroll(-80)
+        wait_for(lambda: orb.saved()["widgetSize"] == pytest.approx(before + 6, abs=0.7), 3, "6 points more")
+        before = settled_size(orb)
+        touchpad.pinch(1.1, 1.2)
+        wait_for(lambda: orb.saved()["widgetSize"] == pytest.approx(before * 1.1 * 1.1, abs=2.5), 3, "a tenth, twice")
+
+
+def settled_size(orb: OrbHand) -> float:
+    """The stored size, once it is that of the window."""
+    wait_for(lambda: abs(orb.saved()["widgetSize"] - orb.side) <= 0.5, 3, "the size at rest")
+    return orb.saved()["widgetSize"]
+
+
+def test_the_grip_resizes_from_its_start_and_adds_both_axes(orb: OrbHand):
+    pointer, start = orb.desktop.pointer, orb.grip()
+    pointer.move(*start)
+    pointer.press()
+    pointer.move(start[0] - 300 * orb.scale, start[1] - 300 * orb.scale)
+    wait_for(lambda: orb.side == 72, 3, "the smallest size")
+    pointer.move(start[0] + 10 * orb.scale, start[1] + 10 * orb.scale)
+    wait_for(lambda: orb.side == 148, 3, "148 points")
+    pointer.release()
+    wait_for(lambda: orb.saved()["widgetSize"] == 148 and orb.saved_where_it_stands(), 3, "both saved")
+
+
+def test_a_hundred_small_resizes_leave_the_centre_where_it_is(orb: OrbHand):
+    pointer, centre = orb.desktop.pointer, orb.place.centre
+    pointer.move(*orb.at())
+    for turn in range(100):
+        pointer.wheel(1 if turn % 2 else -1)
+    wait_for(lambda: orb.side == 128, 5, "128 points again")
+    assert max(abs(a - b) for a, b in zip(orb.place.centre, centre)) <= orb.scale
+
+
+def test_a_press_that_never_moves_ends_a_reminder_and_so_does_the_second_of_two_quick_ones(orb: OrbHand):
+    orb.remind()
+    orb.desktop.pointer.click(*orb.at(0, -20))
+    wait_for(lambda: not orb.reminding(), 3, "the reminder's end")
+    orb.desktop.pointer.click(*orb.at(0, -20))
+    orb.element.act("Velmora now")
+    orb.desktop.pointer.press()
+    orb.desktop.pointer.release()
+    wait_for(lambda: not orb.reminding(), 3, "the end by the second press")
+
+
+def test_presses_between_the_circles_where_the_buttons_sit_and_after_a_move_end_nothing(orb: OrbHand):
+    orb.remind()
+    for dx, dy in ((-46, -46), (0, 20)):
+        orb.desktop.pointer.click(*orb.at(dx, dy))
+    start = orb.at(0, -20)
+    orb.desktop.pointer.drag(start, (start[0] + 4 * orb.scale, start[1]))
+    wait_for(lambda: orb.place.x == 604 * orb.scale, 3, "the move by four points")
+    assert orb.reminding()
+
+
+def test_the_buttons_pause_and_open_the_settings(orb: OrbHand):
+    orb.desktop.pointer.click(*orb.button("pause"))
+    wait_for(lambda: orb.status == "Paused", 3, "the pause")
+    orb.desktop.pointer.click(*orb.button("pause"))
+    wait_for(lambda: orb.status.startswith("Next in"), 3, "the countdown")
+
+
+def test_a_button_tells_what_it_does(orb: OrbHand):
+    orb.desktop.pointer.move(*orb.button("pause"))
+    tip = wait_for(lambda: [w for w in orb.program.windows() if w.id != orb.window.id], 3, "a tooltip")[0]
+    assert tip.place.width > 60 * orb.scale and orb.desktop.x11.focus() != tip.id
+    orb.desktop.pointer.move(5, 5)
+    wait_for(lambda: [w.id for w in orb.program.windows()] == [orb.window.id], 3, "the tooltip's end")
+
+
+def test_the_buttons_show_under_the_pointer_and_through_a_drag_that_leaves_the_orb(orb: OrbHand):
+    pointer = orb.desktop.pointer
+    pointer.move(5, 5)
+    wait_for(lambda: not orb.buttons_shown(), 2, "no buttons")
+    orb.hover()
+    pointer.press()
+    start = orb.at(0, -20)
+    for step in range(12):
+        pointer.move(start[0] - step * 60 * orb.scale, start[1])
+    watch(orb.buttons_shown, 0.5, "the buttons show while the orb is dragged beyond its bound")
+    pointer.release()
+    pointer.move(5, 5)
+    wait_for(lambda: not orb.buttons_shown(), 2, "no buttons again")
+
+
+@pytest.mark.long
+def test_a_thousand_deeds_at_random_never_lose_the_orb():
+    heads = [Head(1280, 800), Head(1024, 768, x=1280)]
+    chance = random.Random(20010101)
+    with Desktop(heads=heads, sound="none", tray="none") as desktop:
+        orb = OrbHand(desktop, desktop.run())
+        plugged = True
+        for deed in range(1000):
+            kind = chance.choices(("drag", "grip", "wheel", "alt", "display"), (40, 20, 30, 8, 2))[0]
+            if kind == "display":
+                plugged = not plugged
+                if plugged:
+                    desktop.display_server.plug(1, Head(1024, 768, x=1280))
+                else:
+                    desktop.display_server.unplug(1)
+                wait_for(lambda: at_rest_on_screen(orb), 5, f"the orb at rest after deed {deed}")
+                continue
+            end = (chance.randrange(desktop.x11.size()[0]), chance.randrange(desktop.x11.size()[1]))
+            if kind == "drag":
+                desktop.pointer.drag(orb.at(0, -15), end, steps=4)
+            elif kind == "grip":
+                start = orb.grip()
+                desktop.pointer.drag(start, (start[0] + chance.randrange(-60, 60), start[1]), steps=4)
+            elif kind == "wheel":
+                desktop.pointer.move(*orb.at(0, -15))
+                desktop.pointer.wheel(chance.randrange(-4, 5))
+            else:
+                desktop.pointer.hold_key("Alt_L")
+                start = orb.at(0, -15)
+                desktop.pointer.drag(start, (start[0] + chance.randrange(-40, 40), start[1]), steps=4)
+                desktop.pointer.release_key("Alt_L")
+            if deed % 50 == 49:
+                wait_for(lambda: orb.saved_where_it_stands(), 5, f"the saved place after deed {deed}")
+                wait_for(lambda: at_rest_on_screen(orb), 5, f"the orb on screen after deed {deed}")
+
+
+def at_rest_on_screen(orb: OrbHand) -> bool:
+    """Whether at least 45 % of the orb is visible on each axis of one display."""
+    place = orb.place
+    for head in orb.desktop.display_server.plugged().values():
+        across = min(place.x + place.width, head.x + head.width) - max(place.x, head.x)
+        down = min(place.y + place.height, head.y + head.height) - max(place.y, head.y)
+        if min(across, down) >= 0.45 * place.width - 1:
+            return True
+    return False
