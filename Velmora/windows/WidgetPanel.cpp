@@ -40,6 +40,7 @@ WidgetPanel::WidgetPanel(Seams seams, WidgetView& view)
     , m_container(seams.model, view)
     , m_presenter(*this)
     , m_frameClock([this] { drawFrame(); })
+    , m_help(*this, view)
     , m_coordinates(ToolkitDisplays::coordinates())
 {
     configure();

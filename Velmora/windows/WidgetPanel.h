@@ -4,6 +4,7 @@
 #include "Velmora/platform/DesktopCoordinates.h"
 #include "Velmora/views/OrbWindow.h"
 #include "Velmora/windows/BlobContainerView.h"
+#include "Velmora/windows/ControlHelp.h"
 #include "Velmora/windows/FrameClock.h"
 #include "Velmora/windows/FramePresenter.h"
 
@@ -89,6 +90,7 @@ private:
     BlobContainerView m_container;
     FramePresenter m_presenter;
     FrameClock m_frameClock;
+    ControlHelp m_help;
     Rect m_frame;
     /// The conversion that the frame was last applied with.
     DesktopCoordinates m_coordinates;
