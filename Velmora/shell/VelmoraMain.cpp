@@ -3,6 +3,7 @@
 #include "Velmora/platform/FocusRequest.h"
 #include "Velmora/platform/linux/DisplayServer.h"
 #include "Velmora/platform/linux/session/SessionFocus.h"
+#include "Velmora/platform/posix/EndingSignals.h"
 #include "Velmora/platform/posix/HomeFolder.h"
 #include "Velmora/platform/posix/InstanceLock.h"
 #include "Velmora/platform/posix/StandardStreams.h"
@@ -74,6 +75,7 @@ int signalPeer(FocusRequest const& request)
 int VelmoraMain::main(int argc, char** argv)
 {
     prepareStandardStreams();
+    leaveOnEndingSignals();
     Arguments const arguments(argv, static_cast<std::size_t>(argc));
     if (holds(arguments, "--help"))
         return answer(help);

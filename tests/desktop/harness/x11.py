@@ -1,5 +1,6 @@
 """A view of the X server: its windows, their properties and its pixels."""
 
+import contextlib
 from dataclasses import dataclass
 
 import numpy
@@ -40,8 +41,9 @@ class X11:
         self.root = self.display.screen().root
 
     def close(self) -> None:
-        """Leaves the X server."""
-        self.display.close()
+        """Leaves the X server, if it is still there."""
+        with contextlib.suppress(error.ConnectionClosedError):
+            self.display.close()
 
     def selection_owner(self, name: str) -> int:
         """The window that owns a selection, 0 when nobody does."""

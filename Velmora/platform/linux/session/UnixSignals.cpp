@@ -1,5 +1,7 @@
 #include "Velmora/platform/linux/session/UnixSignals.h"
 
+#include "Velmora/platform/posix/EndingSignals.h"
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -10,8 +12,6 @@
 namespace velmora {
 
 namespace {
-
-constexpr std::array endingSignals = {SIGTERM, SIGINT, SIGHUP};
 
 /// The pipe from the handler, which may do next to nothing, to the event loop.
 struct Pipe {
@@ -68,8 +68,7 @@ UnixSignals::UnixSignals(QObject* parent)
 
 UnixSignals::~UnixSignals()
 {
-    for (int const signal : endingSignals)
-        setAction(signal, SIG_DFL);
+    leaveOnEndingSignals();
     m_arrived.setEnabled(false);
     close(handlerPipe().readEnd);
     close(handlerPipe().writeEnd);

@@ -6,7 +6,7 @@
 namespace velmora {
 
 /// Turns the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) into a signal of the event
-/// loop. One object lives at a time; the signals have their usual effect again when it is gone.
+/// loop. One object lives at a time; afterwards the signals end the process at once, with status 0.
 class UnixSignals final : public QObject {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(UnixSignals)

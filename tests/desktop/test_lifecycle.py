@@ -1,0 +1,199 @@
+"""From launch to end: saving, sleeping, waking, and every way in which a run ends."""
+
+import signal
+import subprocess
+import time
+
+import pytest
+from gi.repository import GLib
+
+from harness import Desktop, Head, wait_for, watch
+
+INHIBITOR = ("org.freedesktop.login1", "/org/freedesktop/login1",
+             "org.freedesktop.login1.Manager", "ListInhibitors")
+
+
+@pytest.fixture
+def plain() -> Desktop:
+    with Desktop() as desktop:
+        yield desktop
+
+
+@pytest.mark.parametrize("number", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
+def test_the_ending_signals_save_and_leave_with_status_0(plain, number):
+    program = plain.run()
+    program.wait_for_orb()
+    program.item.click("Pause Reminders")
+    program.wait_for_status("Paused", 3)
+    assert program.stop(number) == 0
+    saved = plain.settings.read()
+    assert saved["paused"] is True and 880 < saved["heldRemaining"] <= 900
+    assert program.errors == ""
+
+
+def test_an_ending_signal_ends_the_program_with_its_settings_open(plain):
+    program = plain.run("--settings")
+    wait_for(lambda: len(program.windows()) == 2, 5, "the settings panel")
+    assert program.stop() == 0
+    assert "heldRemaining" in plain.settings.read()
+
+
+def test_a_signal_right_at_the_start_is_no_accident(plain):
+    lock = plain.home / "Library/Application Support/Velmora/instance.lock"
+    for delay in range(10):
+        program = plain.run()
+        wait_for(lambda: lock.exists() and lock.read_text().startswith(f"{program.pid}\n"), 5,
+                 "the lock", every=0.001)
+        time.sleep(delay / 50)
+        assert program.stop() == 0
+        assert program.errors == ""
+
+
+def test_quit_in_the_menu_saves(plain):
+    program = plain.run()
+    program.wait_for_orb()
+    program.item.click("Quit Velmora")
+    assert program.wait(5) == 0
+    assert "heldRemaining" in plain.settings.read()
+
+
+def test_a_display_server_that_goes_away_costs_nothing(plain):
+    program = plain.run()
+    program.wait_for_orb()
+    program.item.click("Pause Reminders")
+    program.wait_for_status("Paused", 3)
+    held = plain.settings.read().get("heldRemaining")
+    plain.display_server.process.kill()
+    assert program.wait(5) == 0
+    saved = plain.settings.read()
+    assert saved["paused"] is True and saved["heldRemaining"] != held
+    assert program.errors == ""
+
+
+def test_a_killed_program_loses_at_most_a_minute(plain):
+    plain.settings.write(intervalMinutes=15, heldRemaining=300.4)
+    program = plain.run()
+    program.wait_for_status("Next in 5m", 5)
+    # The minute changes a moment after the start, and is on the disk within a second.
+    wait_for(lambda: plain.settings.read().get("widgetSize") is not None
+             and plain.settings.read()["heldRemaining"] < 300.4, 5, "the countdown on the disk")
+    program.kill()
+    assert 240 < plain.settings.read()["heldRemaining"] <= 300.4
+
+
+def test_the_program_goes_on_where_it_was_ended(plain):
+    plain.settings.write(intervalMinutes=15, heldRemaining=125.0)
+    program = plain.run()
+    program.wait_for_status("Next in 2m", 5)
+    assert program.stop() == 0
+    held = plain.settings.read()["heldRemaining"]
+    assert 115 < held <= 125
+    program = plain.run()
+    program.wait_for_status("Next in 2m", 5)
+    program.kill()
+
+
+def inhibitors(desktop) -> list[str]:
+    return [entry[1] for entry in desktop.system_bus.call(*INHIBITOR)[0]]
+
+
+def test_going_to_sleep_saves_at_once_and_waking_ticks_at_once(plain):
+    plain.settings.write(intervalMinutes=15, heldRemaining=600.0)
+    program = plain.run()
+    program.wait_for_status("Next in 10m", 5)
+    plain.logind.going_to_sleep()
+    wait_for(lambda: plain.settings.read().get("heldRemaining", 600.0) < 600.0, 1, "the save")
+    plain.logind.woke_up()
+    watch(lambda: program.running and program.status_line.startswith("Next in 10m"), 1,
+          "the countdown going on")
+
+
+def test_a_reminder_that_fell_due_while_the_machine_slept_comes_at_the_waking(plain):
+    plain.settings.write(intervalMinutes=15, heldRemaining=3.0)
+    program = plain.run()
+    program.wait_for_orb()
+    program.item
+    plain.logind.going_to_sleep()
+    # A sleeping machine runs nothing, and its clock goes on.
+    program.send(signal.SIGSTOP)
+    time.sleep(4)
+    with plain.sound.listen() as ear:
+        program.send(signal.SIGCONT)
+        plain.logind.woke_up()
+        program.wait_for_status("Velmora", 2)
+        wait_for(lambda: ear.sounds(), 3, "the chime")
+        watch(lambda: len(ear.sounds()) == 1, 2, "one chime")
+
+
+def test_waking_brings_the_orb_forward(plain):
+    program = plain.run()
+    orb = program.wait_for_orb()
+    cover = plain.processes.start("cover", [
+        "/usr/bin/python3", "-c",
+        "import gi; gi.require_version('Gtk', '3.0')\n"
+        "from gi.repository import Gtk\n"
+        "window = Gtk.Window(type=Gtk.WindowType.POPUP)\n"
+        f"window.move({orb.place.x}, {orb.place.y}); window.set_default_size(200, 200)\n"
+        "window.show_all(); Gtk.main()\n"])
+
+    def covered() -> bool:
+        stack = [window.id for window in plain.x11.windows() if window.place.width > 50]
+        return stack[-1] != orb.id
+
+    wait_for(covered, 5, "the orb to be covered")
+    plain.logind.woke_up()
+    wait_for(lambda: not covered(), 2, "the orb in front")
+    plain.processes.end(cover)
+
+
+def test_a_login_manager_that_restarts_is_no_harm(plain):
+    program = plain.run()
+    program.wait_for_orb()
+    plain.processes.end(plain.logind.process)
+    watch(lambda: program.running, 0.5, "the program running")
+    assert program.stop() == 0
+
+
+def test_without_a_login_manager_the_program_runs_and_saves():
+    with Desktop(logind=False) as desktop:
+        program = desktop.run()
+        program.wait_for_orb()
+        assert program.stop() == 0
+        assert program.errors == ""
+        assert "heldRemaining" in desktop.settings.read()
+
+
+def test_no_display_at_all_is_said_in_one_sentence():
+    with Desktop(display=False) as desktop:
+        program = desktop.run()
+        assert program.wait(5) == 1
+        assert program.errors == "Velmora: no display can be reached.\n"
+
+
+def test_unplugging_the_display_that_held_the_orb_brings_it_onto_the_other(plain):
+    plain.display_server.plug(1, Head(1024, 768, x=1280))
+    program = plain.run()
+    program.wait_for_orb()
+    program.stop()
+    saved = plain.settings.read()
+    size = saved["widgetSize"]
+    plain.settings.write(**{**saved, "hasSavedOrigin": True, "widgetOriginX": 1700.0,
+                            "widgetOriginY": 300.0})
+    program = plain.run()
+    orb = program.wait_for_orb()
+    assert orb.place.x == 1700
+    plain.display_server.unplug(1)
+    wait_for(lambda: program.orb() and program.orb().place.x + size <= 1280 + size * 0.55, 5,
+             "the orb on the display that is left")
+    place = program.orb().place
+    wait_for(lambda: plain.settings.read()["widgetOriginX"] == place.x, 3, "the new place saved")
+    assert program.stop() == 0
+
+
+def test_closing_the_settings_does_not_quit(plain):
+    program = plain.run("--settings")
+    panel = wait_for(lambda: next((w for w in program.windows() if not w.override_redirect), None),
+                     5, "the settings panel")
+    subprocess.run(["wmctrl", "-i", "-c", hex(panel.id)], env=plain.environment, check=True)
+    wait_for(lambda: len(program.windows()) == 1, 3, "the settings closed")
+    watch(lambda: program.running, 0.5, "the program running")
