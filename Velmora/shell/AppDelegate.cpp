@@ -4,6 +4,7 @@
 #include "Velmora/platform/toolkit/ToolkitDisplays.h"
 #include "Velmora/shell/StatusItem.h"
 #include "Velmora/views/WidgetView.h"
+#include "Velmora/windows/DisplayPowerWatch.h"
 #include "Velmora/windows/SettingsPanel.h"
 #include "Velmora/windows/SetupWidget.h"
 #include "Velmora/windows/WidgetPanel.h"
@@ -91,6 +92,8 @@ void AppDelegate::setupWidgetPanel()
                                     .displays = m_seams.displays,
                                     .desktop = m_seams.desktopPanel},
         *m_widgetView);
+    m_displayPowerWatch
+        = std::make_unique<DisplayPowerWatch>(m_seams.displayPower, m_widgetPanel->frameClock());
 }
 
 void AppDelegate::setupSettings()

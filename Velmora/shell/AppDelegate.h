@@ -19,6 +19,8 @@ class Clock;
 class DefaultsStore;
 class DesktopPanel;
 class DesktopWindow;
+class DisplayPower;
+class DisplayPowerWatch;
 class SettingsPanel;
 class StatusItem;
 class ToolkitDisplays;
@@ -40,6 +42,7 @@ public:
         ChimePlayer& chime;
         DesktopPanel& desktopPanel;
         DesktopWindow& desktopWindow;
+        DisplayPower& displayPower;
         /// The user's form of an hour and a minute, such as "h:mm AP".
         QString timeFormat;
     };
@@ -89,6 +92,7 @@ private:
     Seams m_seams;
     std::unique_ptr<WidgetView> m_widgetView;
     std::unique_ptr<WidgetPanel> m_widgetPanel;
+    std::unique_ptr<DisplayPowerWatch> m_displayPowerWatch;
     std::unique_ptr<SettingsPanel> m_settingsPanel;
     std::unique_ptr<StatusItem> m_statusItem;
 };

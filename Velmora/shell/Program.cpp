@@ -4,6 +4,7 @@
 #include "Velmora/platform/linux/TomlDefaultsStore.h"
 #include "Velmora/platform/linux/X11DesktopPanel.h"
 #include "Velmora/platform/linux/X11DesktopWindow.h"
+#include "Velmora/platform/linux/X11DisplayPower.h"
 #include "Velmora/platform/linux/session/CanberraSound.h"
 #include "Velmora/platform/linux/session/DesktopMotion.h"
 #include "Velmora/platform/linux/session/SessionFocus.h"
@@ -90,6 +91,7 @@ int runProgram(int argc, char** argv, Launch launch)
         .loginItem = loginItem});
     X11DesktopPanel desktopPanel;
     X11DesktopWindow desktopWindow;
+    X11DisplayPower displayPower;
     AppDelegate delegate(std::move(launch.lock),
         {.model = model,
             .clock = clock,
@@ -98,6 +100,7 @@ int runProgram(int argc, char** argv, Launch launch)
             .chime = chime,
             .desktopPanel = desktopPanel,
             .desktopWindow = desktopWindow,
+            .displayPower = displayPower,
             .timeFormat = calendar.timeFormat()});
 
     SystemObservers const observers(delegate, sessionBus, QDBusConnection::systemBus(), x11);

@@ -1,0 +1,97 @@
+"""The orb's frames: how many there are, and that there are none when nobody can see them."""
+
+import time
+
+import pytest
+from gi.repository import GLib
+from Xlib import display
+from Xlib.ext import damage
+
+from harness import Desktop, wait_for
+from orb_hand import OrbHand
+
+SAVER = "org.freedesktop.ScreenSaver"
+
+
+class Frames:
+    """Counts what a program draws into its window, from a connection of its own."""
+
+    def __init__(self, desktop: Desktop, window: int):
+        self._display = display.Display(desktop.display_server.name)
+        self._display.damage_query_version()
+        resource = self._display.create_resource_object("window", window)
+        self._damage = resource.damage_create(damage.DamageReportNonEmpty)
+        self._display.sync()
+
+    def __enter__(self) -> "Frames":
+        return self
+
+    def __exit__(self, *_exception) -> None:
+        self._display.close()
+
+    def within(self, seconds: float) -> int:
+        """How many frames were drawn in that time; what came before is forgotten."""
+        self._drain()
+        count, end = 0, time.monotonic() + seconds
+        while time.monotonic() < end:
+            count += self._drain()
+            time.sleep(0.002)
+        return count
+
+    def _drain(self) -> int:
+        count = 0
+        while self._display.pending_events():
+            self._display.next_event()
+            count += 1
+        if count:
+            self._display.damage_subtract(self._damage)
+            self._display.sync()
+        return 1 if count else 0
+
+
+@pytest.fixture(scope="module")
+def desktop() -> Desktop:
+    with Desktop(tray="none", sound="none") as brought_up:
+        yield brought_up
+
+
+@pytest.fixture
+def orb(desktop: Desktop) -> OrbHand:
+    orb = OrbHand(desktop, desktop.run())
+    yield orb
+    orb.program.stop()
+
+
+def test_it_draws_at_most_thirty_frames_a_second(desktop: Desktop, orb: OrbHand):
+    with Frames(desktop, orb.window.id) as frames:
+        assert 20 * 3 <= frames.within(3) <= 30 * 3 + 1
+
+
+def test_with_reduced_motion_it_draws_eight_frames_a_second(desktop: Desktop, orb: OrbHand):
+    desktop.xsettings.enable_animations(False)
+    try:
+        with Frames(desktop, orb.window.id) as frames:
+            wait_for(lambda: frames.within(1) <= 9, 5, "the calm pace")
+            assert 6 * 3 <= frames.within(3) <= 8 * 3 + 1
+    finally:
+        desktop.xsettings.enable_animations(True)
+
+
+def test_a_locked_session_sees_no_frames(desktop: Desktop, orb: OrbHand):
+    with Frames(desktop, orb.window.id) as frames:
+        desktop.session_bus.emit("/ScreenSaver", SAVER, "ActiveChanged", GLib.Variant("(b)", (True,)))
+        wait_for(lambda: frames.within(0.3) == 0, 3, "the last frame")
+        before = orb.program.cost()
+        assert frames.within(2) == 0
+        assert orb.program.cost().since(before).switches <= 20
+        desktop.session_bus.emit("/ScreenSaver", SAVER, "ActiveChanged", GLib.Variant("(b)", (False,)))
+        wait_for(lambda: frames.within(0.3) > 3, 1, "frames again")
+
+
+def test_a_blanked_display_shows_no_frames(desktop: Desktop, orb: OrbHand):
+    with Frames(desktop, orb.window.id) as frames:
+        desktop.processes.run(["xset", "s", "activate"])
+        wait_for(lambda: frames.within(0.3) == 0, 5, "the last frame")
+        assert frames.within(1.5) == 0
+        desktop.processes.run(["xset", "s", "reset"])
+        wait_for(lambda: frames.within(0.3) > 3, 4, "frames again")
