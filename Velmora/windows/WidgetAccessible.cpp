@@ -25,15 +25,15 @@ void WidgetAccessible::install()
     QAccessible::installFactory(accessibleFor);
 }
 
-void WidgetAccessible::announce(WidgetPanel& panel)
+void WidgetAccessible::announce(WidgetPanel& panel, QString const& before)
 {
     if (!QAccessible::isActive())
         return;
     auto const* accessible = panel.accessibleRoot();
     if (!accessible)
         return;
-    QAccessibleValueChangeEvent value(&panel, accessible->text(QAccessible::Value));
-    QAccessible::updateAccessibility(&value);
+    QAccessibleTextUpdateEvent line(&panel, 0, before, accessible->text(QAccessible::Value));
+    QAccessible::updateAccessibility(&line);
     for (int i = 0; i < accessible->childCount(); ++i) {
         QAccessibleEvent name(accessible->child(i), QAccessible::NameChanged);
         QAccessible::updateAccessibility(&name);

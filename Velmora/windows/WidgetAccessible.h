@@ -20,8 +20,8 @@ public:
     /// Makes the toolkit find this element for every panel.
     static void install();
 
-    /// Tells the tools that the status line and the buttons read differently.
-    static void announce(WidgetPanel& panel);
+    /// Tells the tools that the status line, which read `before`, and the buttons read differently.
+    static void announce(WidgetPanel& panel, QString const& before);
 
     explicit WidgetAccessible(WidgetPanel& panel);
 

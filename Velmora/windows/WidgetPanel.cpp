@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velmora {
 
@@ -51,6 +52,7 @@ WidgetPanel::WidgetPanel(Seams seams, WidgetView& view)
     connect(&m_seams.model, &AppModel::changed, this, &WidgetPanel::modelChanged);
     readPace();
     WidgetAccessible::install();
+    m_announced = m_view.accessibleValue();
 }
 
 WidgetPanel::~WidgetPanel()
@@ -101,7 +103,8 @@ void WidgetPanel::announceLater()
         this,
         [this] {
             m_announcing = false;
-            WidgetAccessible::announce(*this);
+            WidgetAccessible::announce(
+                *this, std::exchange(m_announced, m_view.accessibleValue()));
         },
         Qt::QueuedConnection);
 }

@@ -98,6 +98,8 @@ private:
     QSize m_fittedSize;
     bool m_ignoresPointer = true;
     bool m_announcing = false;
+    /// The status line as it was told last.
+    QString m_announced;
 };
 
 } // namespace velmora
