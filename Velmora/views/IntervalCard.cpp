@@ -22,10 +22,11 @@ constexpr int chipGap = 6;
 IntervalCard::IntervalCard(AppModel& model, QWidget* parent)
     : SettingsCard(tr("Interval"), parent)
     , m_model(model)
+    , m_every(SettingsLabel::singleLine(tr("Every", "every 20 minutes"), {}, this))
     , m_value(SettingsLabel::singleLine({}, {.size = valueSize}, this))
     , m_slider(new SettingsSlider(this))
 {
-    addRow(SettingsLabel::singleLine(tr("Every", "every 20 minutes"), {}, this), m_value);
+    addRow(m_every, m_value);
     m_slider->setScale({.minimum = AppModel::shortestInterval,
         .maximum = AppModel::longestInterval,
         .step = 1,

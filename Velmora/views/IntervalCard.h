@@ -30,6 +30,8 @@ private:
     void refresh();
 
     AppModel& m_model;
+    // Made in this order, which is the order in which they are read out.
+    QLabel* m_every;
     QLabel* m_value;
     SettingsSlider* m_slider;
     std::vector<Preset> m_presets;

@@ -1,6 +1,7 @@
 #include "Velmora/views/SettingsAccessibility.h"
 
 #include "Velmora/views/SettingsCard.h"
+#include "Velmora/views/SettingsChip.h"
 #include "Velmora/views/SettingsSlider.h"
 
 #include <QAccessibleWidget>
@@ -38,10 +39,46 @@ private:
     SettingsSlider& m_slider;
 };
 
+/// A press on a chip chooses it, and only the model un-chooses it.
+class AccessibleChip final : public QAccessibleWidget {
+public:
+    explicit AccessibleChip(SettingsChip& chip)
+        : QAccessibleWidget(&chip, QAccessible::RadioButton, chip.text())
+        , m_chip(chip)
+    {
+    }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        auto state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = m_chip.isChecked();
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(QString const& action) override
+    {
+        if (action == pressAction())
+            m_chip.click();
+        else
+            QAccessibleWidget::doAction(action);
+    }
+
+private:
+    SettingsChip& m_chip;
+};
+
 QAccessibleInterface* interfaceFor(QString const& /*className*/, QObject* object)
 {
     if (auto* slider = qobject_cast<SettingsSlider*>(object))
         return new AccessibleSlider(*slider);
+    if (auto* chip = qobject_cast<SettingsChip*>(object))
+        return new AccessibleChip(*chip);
     if (auto* card = qobject_cast<SettingsCard*>(object))
         return new QAccessibleWidget(card, QAccessible::Grouping);
     return nullptr;

@@ -17,10 +17,11 @@ constexpr SettingsLabel::Look hintLook = {.size = 11.0, .opacity = 0.55};
 SizeCard::SizeCard(AppModel& model, QWidget* parent)
     : SettingsCard(tr("Size"), parent)
     , m_model(model)
+    , m_orb(SettingsLabel::singleLine(tr("Orb"), {}, this))
     , m_value(SettingsLabel::singleLine({}, {}, this))
     , m_slider(new SettingsSlider(this))
 {
-    addRow(SettingsLabel::singleLine(tr("Orb"), {}, this), m_value);
+    addRow(m_orb, m_value);
     m_slider->setAccessibleName(tr("Size of the orb"));
     addControl(m_slider);
     addText(new SettingsLabel(

@@ -22,6 +22,8 @@ public:
 
 private:
     AppModel& m_model;
+    // Made in this order, which is the order in which they are read out.
+    QLabel* m_orb;
     QLabel* m_value;
     SettingsSlider* m_slider;
 };

@@ -7,6 +7,7 @@
 #include "Velmora/views/SettingsStyle.h"
 #include "Velmora/views/SettingsView.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QLayout>
 #include <QScrollArea>
@@ -33,6 +34,12 @@ Rect desktopRect(QRect const& r)
         .height = static_cast<double>(r.height())};
 }
 
+QAccessibleInterface* interfaceFor(QString const& /*className*/, QObject* object)
+{
+    auto* panel = qobject_cast<SettingsPanel*>(object);
+    return panel ? new QAccessibleWidget(panel, QAccessible::Dialog) : nullptr;
+}
+
 int verticalSum(QMargins const& margins)
 {
     return margins.top() + margins.bottom();
@@ -48,6 +55,7 @@ SettingsPanel::SettingsPanel(Seams seams)
     , m_view(new SettingsView(m_seams.model, m_seams.chime, m_seams.timeFormat))
     , m_scroll(new QScrollArea(this))
 {
+    QAccessible::installFactory(interfaceFor);
     setWindowTitle(QStringLiteral("Velmora"));
     setPalette(SettingsLook::palette());
     // The program lives on in the orb and in its status item.
