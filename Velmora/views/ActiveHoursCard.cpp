@@ -43,7 +43,7 @@ ActiveHoursCard::ActiveHoursCard(AppModel& model, QString const& timeFormat, QWi
     addControl(m_hours);
     addText(m_overnight);
 
-    connect(m_allDay, &SettingsSwitch::clicked, &m_model, &AppModel::setAllDay);
+    connect(m_allDay, &SettingsSwitch::edited, &m_model, &AppModel::setAllDay);
     connect(m_start, &SettingsTimePicker::edited, &m_model, &AppModel::setStartMinutes);
     connect(m_end, &SettingsTimePicker::edited, &m_model, &AppModel::setEndMinutes);
     connect(&m_model, &AppModel::changed, this, &ActiveHoursCard::refresh);
@@ -90,7 +90,7 @@ void ActiveHoursCard::refresh(AppModel::Property property)
 
 void ActiveHoursCard::refreshAllDay()
 {
-    m_allDay->setChecked(m_model.allDay());
+    m_allDay->showState(m_model.allDay());
     m_hours->setEnabled(!m_model.allDay());
     m_dimming->setEnabled(m_model.allDay());
 }

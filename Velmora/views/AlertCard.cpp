@@ -34,7 +34,7 @@ AlertCard::AlertCard(AppModel& model, ChimePlayer& chime, QWidget* parent)
     addVolume();
     addControl(m_chimeRows);
 
-    connect(m_sound, &SettingsSwitch::clicked, &m_model, &AppModel::setSoundEnabled);
+    connect(m_sound, &SettingsSwitch::edited, &m_model, &AppModel::setSoundEnabled);
     connect(m_volume, &SettingsSlider::edited, &m_model, &AppModel::setSoundVolume);
     connect(m_volume, &SettingsSlider::editingEnded, this,
         [this, &chime] { chime.play(m_model.soundVolume()); });
@@ -70,7 +70,7 @@ void AlertCard::addVolume()
 
 void AlertCard::refresh()
 {
-    m_sound->setChecked(m_model.soundEnabled());
+    m_sound->showState(m_model.soundEnabled());
     m_chimeRows->setVisible(m_model.soundEnabled());
     m_volume->showNumber(m_model.soundVolume());
 }

@@ -23,8 +23,8 @@ GeneralCard::GeneralCard(AppModel& model, QWidget* parent)
     addText(m_loginNote);
     addControl(m_paused);
 
-    connect(m_openAtLogin, &SettingsSwitch::clicked, &m_model, &AppModel::setOpenAtLogin);
-    connect(m_paused, &SettingsSwitch::clicked, &m_model, &AppModel::setPaused);
+    connect(m_openAtLogin, &SettingsSwitch::edited, &m_model, &AppModel::setOpenAtLogin);
+    connect(m_paused, &SettingsSwitch::edited, &m_model, &AppModel::setPaused);
     connect(&m_model, &AppModel::changed, this, [this](AppModel::Property property) {
         if (property == AppModel::Property::openAtLogin || property == AppModel::Property::loginNote
             || property == AppModel::Property::paused)
@@ -35,8 +35,8 @@ GeneralCard::GeneralCard(AppModel& model, QWidget* parent)
 
 void GeneralCard::refresh()
 {
-    m_openAtLogin->setChecked(m_model.openAtLogin());
-    m_paused->setChecked(m_model.paused());
+    m_openAtLogin->showState(m_model.openAtLogin());
+    m_paused->showState(m_model.paused());
     auto const note = QString::fromStdString(m_model.loginNote().value_or(std::string()));
     m_loginNote->setText(note);
     m_loginNote->setVisible(!note.isEmpty());

@@ -4,6 +4,7 @@
 #include "Velmora/views/SettingsLook.h"
 
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QStyle>
 
 #include <algorithm>
@@ -32,6 +33,17 @@ SettingsSwitch::SettingsSwitch(QString const& text, QWidget* parent)
     auto policy = QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+    // Assistive programs toggle a switch without a click.
+    connect(this, &QCheckBox::toggled, this, [this](bool on) {
+        if (!m_showing)
+            Q_EMIT edited(on);
+    });
+}
+
+void SettingsSwitch::showState(bool on)
+{
+    QScopedValueRollback const quiet(m_showing, true);
+    setChecked(on);
 }
 
 int SettingsSwitch::heightForWidth(int width) const

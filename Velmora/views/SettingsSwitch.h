@@ -14,10 +14,17 @@ class SettingsSwitch final : public QCheckBox {
 public:
     SettingsSwitch(QString const& text, QWidget* parent);
 
+    /// Shows a state without telling anybody.
+    void showState(bool on);
+
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user turned it on or off: with the pointer, a key or an assistive program.
+    void edited(bool on);
 
 protected:
     [[nodiscard]] bool hitButton(QPoint const& position) const override;
@@ -26,6 +33,7 @@ protected:
 private:
     void drawTrack(QPainter& painter, QRectF const& track) const;
 
+    bool m_showing = false;
     FocusRing* m_ring;
 };
 

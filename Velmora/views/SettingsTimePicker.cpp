@@ -3,6 +3,8 @@
 #include "Velmora/views/SettingsLook.h"
 #include "Velmora/views/SettingsStyle.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QLocale>
 #include <QScopedValueRollback>
@@ -32,10 +34,23 @@ SettingsTimePicker::SettingsTimePicker(QString const& format, QWidget* parent)
     setWrapping(true);
     setFrame(false);
     setFocusPolicy(Qt::StrongFocus);
+    lineEdit()->installEventFilter(this);
     connect(this, &QTimeEdit::timeChanged, this, [this] {
         if (!m_showing)
             Q_EMIT edited(minutes());
     });
+}
+
+// A part that was clicked is chosen whole, so that what is typed replaces it.
+bool SettingsTimePicker::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease && !m_releasing) {
+        QScopedValueRollback const once(m_releasing, true);
+        QCoreApplication::sendEvent(watched, event);
+        setSelectedSection(currentSection());
+        return true;
+    }
+    return QTimeEdit::eventFilter(watched, event);
 }
 
 int SettingsTimePicker::minutes() const

@@ -19,12 +19,15 @@ public:
     /// leaves a half-typed time alone.
     void showMinutes(int minutes);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     /// The user chose another minute of the day.
     void edited(int minutes);
 
 private:
     bool m_showing = false;
+    bool m_releasing = false;
 };
 
 } // namespace velmora

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QLineEdit>
 #include <QTest>
 
 namespace velmora {
@@ -160,6 +162,28 @@ TEST(SettingsView, APickersChangeReachesTheModel)
     to.setSelectedSection(QDateTimeEdit::MinuteSection);
     QTest::keyClick(&to, Qt::Key_Down);
     EXPECT_EQ(desk.model().endMinutes(), 1379);
+}
+
+TEST(SettingsView, APartOfATimeThatWasClickedIsReplacedByWhatIsTyped)
+{
+    FormDesk desk;
+    desk.store("allDay", false);
+    desk.open();
+    auto& from = desk.control<SettingsTimePicker>("From");
+    auto* line = from.findChild<QLineEdit*>();
+    QTest::mouseClick(line, Qt::LeftButton, {}, QPoint(6, line->height() / 2));
+    QTest::keyClicks(line, QStringLiteral("23"));
+    EXPECT_EQ(desk.model().startMinutes(), 23 * 60);
+}
+
+TEST(SettingsView, AssistiveProgramsTurnTheSwitches)
+{
+    FormDesk desk;
+    desk.open();
+    auto& paused = desk.control<SettingsSwitch>("Pause reminders");
+    auto* actions = QAccessible::queryAccessibleInterface(&paused)->actionInterface();
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(desk.model().paused());
 }
 
 TEST(SettingsView, AChangeFromElsewhereShowsInThePickersAndDoesNotComeBack)
