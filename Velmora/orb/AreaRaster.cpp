@@ -1,0 +1,127 @@
+#include "Velmora/orb/AreaRaster.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr unsigned bitsPerWord = 64;
+
+/// Also turns what is not a number into 0.
+float limited(float x, float high)
+{
+    return x > 0 ? std::min(x, high) : 0;
+}
+
+} // namespace
+
+void AreaRaster::resize(int columns, int rows)
+{
+    columns_ = columns;
+    rows_ = rows;
+    int const blocks = (columns + blockSize - 1) / blockSize + 1;
+    stride_ = blocks * blockSize;
+    words_ = (blocks + static_cast<int>(bitsPerWord) - 1) / static_cast<int>(bitsPerWord);
+    std::size_t const height = static_cast<std::size_t>(rows);
+    differences_.resize(std::max(differences_.size(), height * static_cast<std::size_t>(stride_)));
+    touched_.resize(std::max(touched_.size(), height * static_cast<std::size_t>(words_)));
+    firstRow_ = rows;
+    endRow_ = 0;
+}
+
+void AreaRaster::add(Contour const& contour, Placing const& placing, bool subtract)
+{
+    auto const x = [&](Contour::Vertex const& v) {
+        return placing.centerX + v.x * placing.scale + v.normalX * placing.offset;
+    };
+    auto const y = [&](Contour::Vertex const& v) {
+        return placing.centerY + v.y * placing.scale + v.normalY * placing.offset;
+    };
+    float const sign = subtract ? -1.0F : 1.0F;
+    Contour::Vertex const& lastVertex = contour.end()[-1];
+    float fromX = x(lastVertex);
+    float fromY = y(lastVertex);
+    for (Contour::Vertex const& vertex : contour) {
+        float const toX = x(vertex);
+        float const toY = y(vertex);
+        addLine(fromX, fromY, toX, toY, sign);
+        fromX = toX;
+        fromY = toY;
+    }
+}
+
+void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
+{
+    if (y0 > y1) {
+        std::swap(x0, x1);
+        std::swap(y0, y1);
+        sign = -sign;
+    }
+    float const height = static_cast<float>(rows_);
+    if (!(y0 < y1) || y1 <= 0 || y0 >= height)
+        return;
+    float const slope = (x1 - x0) / (y1 - y0);
+    float const top = std::max(y0, 0.0F);
+    float const bottom = std::min(y1, height);
+    float x = x0 + (top - y0) * slope;
+    int const first = static_cast<int>(top);
+    int const end = std::min(static_cast<int>(std::ceil(bottom)), rows_);
+    firstRow_ = std::min(firstRow_, first);
+    endRow_ = std::max(endRow_, end);
+    for (int row = first; row < end; ++row) {
+        float const from = std::max(static_cast<float>(row), top);
+        float const to = std::min(static_cast<float>(row + 1), bottom);
+        float const next = x + slope * (to - from);
+        addInRow(row, x, next, sign * (to - from));
+        x = next;
+    }
+}
+
+void AreaRaster::addInRow(int y, float from, float to, float height)
+{
+    float const width = static_cast<float>(columns_);
+    float const left = limited(std::min(from, to), width);
+    float const right = limited(std::max(from, to), width);
+    int const first = static_cast<int>(left);
+    int const last = static_cast<int>(right);
+    float* const cells = row(y);
+    touch(y, first, last + 1);
+    if (first == last) {
+        float const past = height * ((left + right) * 0.5F - static_cast<float>(first));
+        cells[first] += height - past;
+        cells[first + 1] += past;
+        return;
+    }
+    // The line crosses pixels: a triangle in the first, trapezoids, a triangle in the last.
+    float const perColumn = height / (right - left);
+    float const start = static_cast<float>(first + 1) - left;
+    float const rest = right - static_cast<float>(last);
+    float const firstArea = 0.5F * perColumn * start * start;
+    float const lastArea = 0.5F * perColumn * rest * rest;
+    // What each pixel holds is the area left of its right edge; its difference is stored.
+    float covered = firstArea;
+    cells[first] += firstArea;
+    float atEdge = perColumn * start;
+    for (int column = first + 1; column < last; ++column) {
+        float const area = atEdge + 0.5F * perColumn;
+        cells[column] += area - covered;
+        covered = area;
+        atEdge += perColumn;
+    }
+    // In the last pixel the line ends at `rest`; right of that the full height is covered.
+    float const lastPixel = atEdge * rest + lastArea + height * (1 - rest);
+    cells[last] += lastPixel - covered;
+    cells[last + 1] += height - lastPixel;
+}
+
+void AreaRaster::touch(int y, int firstColumn, int lastColumn)
+{
+    std::uint64_t* const words = touched(y);
+    unsigned const end = static_cast<unsigned>(lastColumn) / blockSize;
+    for (unsigned block = static_cast<unsigned>(firstColumn) / blockSize; block <= end; ++block)
+        words[block / bitsPerWord] |= std::uint64_t{1} << (block % bitsPerWord);
+}
+
+} // namespace velmora

@@ -1,0 +1,58 @@
+#include "Velmora/orb/Contour.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora {
+namespace {
+
+/// One piece of the outline as a polynomial, so that a vertex costs a few multiplications.
+struct Polynomial {
+    float a;
+    float b;
+    float c;
+    float d;
+
+    Polynomial(double from, double control1, double control2, double to)
+        : a(static_cast<float>(to - from + 3 * (control1 - control2)))
+        , b(static_cast<float>(3 * (from - 2 * control1 + control2)))
+        , c(static_cast<float>(3 * (control1 - from)))
+        , d(static_cast<float>(from))
+    {
+    }
+
+    [[nodiscard]] float at(float t) const { return ((a * t + b) * t + c) * t + d; }
+    [[nodiscard]] float slope(float t) const { return (3 * a * t + 2 * b) * t + c; }
+};
+
+} // namespace
+
+void Contour::fit(double phase, double side)
+{
+    // A chord of an arc strays from it with the square of its length: this many pieces keep the
+    // chain within a few hundredths of a pixel.
+    int const pieces = std::clamp(4 + static_cast<int>(1.2 * std::sqrt(side)), 3, maximumPieces);
+    float const step = 1.0F / static_cast<float>(pieces);
+    BlobOutline const outline
+        = organicBlobOutline({.x = -0.5, .y = -0.5, .width = 1, .height = 1}, phase);
+    count_ = 0;
+    reach_ = 0;
+    OrbPoint from = outline.start;
+    for (CubicSegment const& piece : outline.segments) {
+        Polynomial const x(from.x, piece.control1.x, piece.control2.x, piece.end.x);
+        Polynomial const y(from.y, piece.control1.y, piece.control2.y, piece.end.y);
+        for (int i = 0; i < pieces; ++i) {
+            float const t = static_cast<float>(i) * step;
+            float const dx = x.slope(t);
+            float const dy = y.slope(t);
+            float const scale = 1 / std::sqrt(std::max(dx * dx + dy * dy, 1e-12F));
+            Vertex const vertex
+                = {.x = x.at(t), .y = y.at(t), .normalX = dy * scale, .normalY = -dx * scale};
+            reach_ = std::max({reach_, std::fabs(vertex.x), std::fabs(vertex.y)});
+            vertices_[count_++] = vertex;
+        }
+        from = piece.end;
+    }
+}
+
+} // namespace velmora

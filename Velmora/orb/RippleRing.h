@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Velmora/orb/AreaRaster.h"
+#include "Velmora/orb/SoftLayers.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace velmora {
+
+/// The blurred stroke of a contour at full resolution, worked out only where it shows.
+class RippleRing {
+public:
+    /// Draws the ring whose edges are the contour moved by `placing.offset` to either side,
+    /// blurred with `deviation` device pixels (at most 20).
+    void draw(
+        int width, int height, Contour const& contour, Placing const& placing, double deviation);
+
+    /// Adds the blocks of row `y` that the ring touches to `touched`.
+    void mark(int y, std::uint64_t* touched) const;
+
+    /// The ring's coverage of the four pixels from column `x`, a multiple of four.
+    [[nodiscard]] Lanes coverage(int y, int x) const;
+
+    /// Forgets the ring; must follow every `draw`.
+    void clear();
+
+private:
+    void resolve(int y);
+    void blurRow(int y);
+
+    AreaRaster raster_;
+    BlurKernel kernel_;
+    std::vector<float> line_;
+    std::vector<float> plane_;
+    std::vector<std::uint64_t> marks_;
+    int rows_ = 0;
+    int stride_ = 0;
+    int words_ = 0;
+    int blocks_ = 0;
+};
+
+} // namespace velmora

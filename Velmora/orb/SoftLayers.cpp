@@ -1,0 +1,164 @@
+#include "Velmora/orb/SoftLayers.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora {
+namespace {
+
+constexpr int maximumMargin = 24;
+constexpr int maximumCell = 32;
+
+std::size_t area(int stride, int rows)
+{
+    return static_cast<std::size_t>(stride) * static_cast<std::size_t>(rows);
+}
+
+/// The variance that a cell's width and linear interpolation between cells add, in pixels.
+double ownVariance(int cell)
+{
+    double const square = static_cast<double>(cell) * cell;
+    double const interpolation = cell % 2 == 0 ? square / 6 + 1.0 / 12 : (square - 1) / 6;
+    return square / 12 + interpolation;
+}
+
+template <typename Buffer>
+void grow(Buffer& buffer, std::size_t size)
+{
+    if (buffer.size() < size)
+        buffer.resize(size);
+}
+
+} // namespace
+
+CellGrid CellGrid::covering(int width, int height, double side, double overhang)
+{
+    CellGrid grid;
+    // Small squares take cells of a 26th of the side. Large ones can afford finer steps: what a
+    // wide cell saves there is little beside the pixels themselves.
+    grid.cell
+        = std::clamp(static_cast<int>(side / 26 < 8 ? side / 26 : 8 + side / 1000), 1, maximumCell);
+    double const beyond = std::clamp(overhang / grid.cell, 0.0, 1.0 * maximumMargin);
+    grid.margin = std::min(1 + static_cast<int>(std::ceil(beyond)), maximumMargin);
+    int const blockSize = AreaRaster::blockSize;
+    int const wholeWidth = (width + blockSize - 1) / blockSize * blockSize;
+    grid.columns = (wholeWidth + grid.cell - 1) / grid.cell + 2 * grid.margin;
+    grid.rows = (height + grid.cell - 1) / grid.cell + 2 * grid.margin;
+    grid.stride = (grid.columns + 3) / 4 * 4;
+    return grid;
+}
+
+void BlurKernel::fit(double variance)
+{
+    radius = 0;
+    weights[0] = 1;
+    if (!(variance > 0))
+        return;
+    if (variance < 0.7) {
+        // Too narrow to be sampled: these five weights have the variance and the fourth moment.
+        radius = 2;
+        double const outer = std::max((3 * variance * variance - variance) / 24, 0.0);
+        double const inner = variance / 2 - 4 * outer;
+        weights[0] = static_cast<float>(1 - 2 * (inner + outer));
+        weights[1] = static_cast<float>(inner);
+        weights[2] = static_cast<float>(outer);
+        return;
+    }
+    double const limit = maximumRadius / 3.2;
+    double const deviation = std::min(std::sqrt(variance), limit);
+    radius = static_cast<int>(std::ceil(3.2 * deviation));
+    // Each weight is the one before times a ratio that itself shrinks by a constant factor.
+    double const first = std::exp(-0.5 / (deviation * deviation));
+    double const shrink = first * first;
+    double ratio = first;
+    double weight = 1;
+    double sum = 1;
+    for (int i = 1; i <= radius; ++i) {
+        weight *= ratio;
+        ratio *= shrink;
+        weights[i] = static_cast<float>(weight);
+        sum += 2 * weight;
+    }
+    for (int i = 0; i <= radius; ++i)
+        weights[i] = static_cast<float>(weights[i] / sum);
+}
+
+void SoftPlane::resize(CellGrid const& grid)
+{
+    stride_ = grid.stride;
+    raster_.resize(grid.stride, grid.rows);
+    grow(line_, static_cast<std::size_t>(grid.stride + 2 * BlurKernel::maximumRadius + 4));
+    grow(across_, area(grid.stride, grid.rows));
+    grow(plane_, area(grid.stride, grid.rows));
+}
+
+void SoftPlane::draw(
+    CellGrid const& grid, Contour const& contour, Placing const& placing, double deviation)
+{
+    resize(grid);
+    double const cell = grid.cell;
+    kernel_.fit((deviation * deviation + 1.0 / 12 - ownVariance(grid.cell)) / (cell * cell));
+    raster_.add(contour,
+        {.centerX = grid.position(placing.centerX),
+            .centerY = grid.position(placing.centerY),
+            .scale = static_cast<float>(placing.scale / cell)},
+        false);
+    blurRows(grid);
+    blurColumns(grid);
+}
+
+void SoftPlane::resolveRow(int y, float* line)
+{
+    float* const differences = raster_.row(y);
+    Lanes const zero = splat(0);
+    Lanes const one = splat(1);
+    Lanes sum = zero;
+    for (int x = 0; x < stride_; x += 4) {
+        sum = runningSum(load(differences + x)) + splat(last(sum));
+        store(line + x, min(magnitude(sum), one));
+        store(differences + x, zero);
+    }
+    store(differences + stride_, zero);
+    std::fill_n(raster_.touched(y), raster_.words(), std::uint64_t{0});
+}
+
+void SoftPlane::blurRows(CellGrid const& grid)
+{
+    int const radius = kernel_.radius;
+    float* const line = line_.data() + radius;
+    std::fill_n(line_.data(), radius, 0.0F);
+    std::fill_n(line + stride_, radius, 0.0F);
+    for (int y = raster_.firstRow(); y < raster_.endRow(); ++y) {
+        resolveRow(y, line);
+        float* const out = across_.data() + area(grid.stride, y);
+        for (int x = 0; x < stride_; x += 4) {
+            Lanes sum = splat(kernel_.weights[0]) * load(line + x);
+            for (int i = 1; i <= radius; ++i)
+                sum = sum + splat(kernel_.weights[i]) * (load(line + x - i) + load(line + x + i));
+            store(out + x, sum);
+        }
+    }
+}
+
+void SoftPlane::blurColumns(CellGrid const& grid)
+{
+    int const radius = kernel_.radius;
+    int const first = raster_.firstRow();
+    int const end = raster_.endRow();
+    for (int y = 0; y < grid.rows; ++y) {
+        float* const out = plane_.data() + area(stride_, y);
+        std::fill_n(out, stride_, 0.0F);
+        int const from = std::max(first, y - radius);
+        int const to = std::min(end, y + radius + 1);
+        for (int x = 0; from < to && x < stride_; x += 4) {
+            Lanes sum = splat(0);
+            for (int row = from; row < to; ++row) {
+                float const* const in = across_.data() + area(stride_, row) + x;
+                sum = sum + splat(kernel_.weights[std::abs(row - y)]) * load(in);
+            }
+            store(out + x, sum);
+        }
+    }
+}
+
+} // namespace velmora
