@@ -18,7 +18,10 @@ packages_desktop=(
     python3-dbusmock python3-pyatspi
 )
 # To run the tests.
-packages_test=(libgtest-dev libbenchmark-dev python3-pytest)
+packages_test=(
+    libgtest-dev libbenchmark-dev python3-pytest
+    xvfb locales desktop-file-utils wmctrl
+)
 # To check the sources.
 packages_lint=(clang clang-format clang-tidy clazy cppcheck shellcheck)
 

@@ -122,7 +122,12 @@ std::string desktopEntryExec(std::string_view program)
             quoted += '%';
         quoted += character;
     }
-    return desktopEntryString(quoted + "\"");
+    quoted += '"';
+    // No desktop entry may name a program with "=" in its path, and a common library looks for one
+    // with "%" under the doubled sign. An argument is free of both troubles.
+    if (program.find_first_of("%=") != std::string_view::npos)
+        quoted = R"(/bin/sh -c "exec \"\$0\"" )" + quoted;
+    return desktopEntryString(quoted);
 }
 
 } // namespace velmora

@@ -155,12 +155,17 @@ TEST_F(XdgAutostartTest, AnEntryOfAnyContentIsNoHarm)
 TEST(DesktopEntry, QuotesAnyPathForExec)
 {
     EXPECT_EQ(desktopEntryExec("/a b"), R"("/a b")");
-    EXPECT_EQ(desktopEntryExec("/50%"), R"("/50%%")");
     EXPECT_EQ(desktopEntryExec(R"(/a"b)"), R"("/a\\"b")");
     EXPECT_EQ(desktopEntryExec("/a`b$c"), R"("/a\\`b\\$c")");
     EXPECT_EQ(desktopEntryExec(R"(/a\b)"), R"("/a\\\\b")");
     EXPECT_EQ(desktopEntryExec("/a\nb\tc"), R"("/a\nb\tc")");
     EXPECT_EQ(desktopEntryExec("/é'~<>|&;*?#()"), "\"/é'~<>|&;*?#()\"");
+}
+
+TEST(DesktopEntry, HandsAProgramWithAnEqualsOrPercentSignInItsPathToAShellAsAnArgument)
+{
+    EXPECT_EQ(desktopEntryExec("/50%"), R"(/bin/sh -c "exec \\"\\$0\\"" "/50%%")");
+    EXPECT_EQ(desktopEntryExec("/a=b"), R"(/bin/sh -c "exec \\"\\$0\\"" "/a=b")");
 }
 
 TEST(DesktopEntry, EscapesStringsWhereAReaderWouldTrimOrUnescape)
