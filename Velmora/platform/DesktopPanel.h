@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Velmora/geometry/PixelRect.h"
+#include "Velmora/geometry/Rect.h"
 
 #include <cstdint>
 #include <functional>
@@ -15,8 +16,15 @@ public:
     virtual ~DesktopPanel() = default;
 
     /// Takes the window in hand, once, after it was created and before it is first shown. `window`
-    /// is the window system's own number for it.
-    virtual void adopt(std::uint32_t window) = 0;
+    /// is the window system's own number or address for it.
+    virtual void adopt(std::uintptr_t window) = 0;
+
+    /// The window has just been shown: says anew what showing a window undoes.
+    virtual void shown() = 0;
+
+    /// Whether presses go through the whole window to what lies underneath. Only for systems that
+    /// know no outline; the others need not do anything.
+    virtual void setIgnoresPointer(bool ignores) = 0;
 
     /// The window takes the pointer inside these rectangles and nowhere else. While nothing blends
     /// windows with what lies behind them, they also bound what of the window is visible. To be
@@ -28,6 +36,11 @@ public:
 
     /// Told when `translucent` has changed; at most one listener.
     std::function<void()> onTranslucency;
+
+    /// Told where the pointer is, in desktop points, 30 times a second for as long as the window
+    /// lives, on systems that tell it wherever it is; never on the others, where the window's own
+    /// events do. At most one listener.
+    std::function<void(Point)> onPointer;
 };
 
 } // namespace velmora

@@ -11,8 +11,9 @@ public:
     virtual ~DesktopWindow() = default;
 
     /// The window is on every desktop and in no taskbar or pager. `window` is the window system's
-    /// own number for it; to be called after each showing, because hiding a window ends it.
-    virtual void joinEveryDesktop(std::uint32_t window) = 0;
+    /// own number or address for it; to be called after each showing, because hiding a window ends
+    /// it.
+    virtual void joinEveryDesktop(std::uintptr_t window) = 0;
 };
 
 } // namespace velmora

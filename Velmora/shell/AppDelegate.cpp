@@ -153,6 +153,17 @@ void AppDelegate::applicationWillTerminate()
     save();
 }
 
+void AppDelegate::reopened()
+{
+    orderWidgetFront();
+}
+
+void AppDelegate::openSettings()
+{
+    if (m_settingsPanel)
+        m_settingsPanel->openSettings();
+}
+
 void AppDelegate::sessionEnds()
 {
     save();

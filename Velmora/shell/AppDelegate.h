@@ -59,6 +59,10 @@ public:
 
     /// A later copy of the program asks this one to come forward.
     void takeFocusRequest(FocusRequest request);
+    /// The user opened the program once more: the orb comes forward.
+    void reopened();
+    /// Opens the settings, or brings them to the front.
+    void openSettings();
     /// The session is ending, or may still think better of it: saves, and goes on.
     void sessionEnds();
     /// The machine is about to sleep: saves, and returns when the settings are on the disk.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Velmora/platform/FocusRequest.h"
-#include "Velmora/platform/linux/DisplayServer.h"
 #include "Velmora/platform/posix/InstanceLock.h"
 
 #include <filesystem>
@@ -9,10 +8,12 @@
 
 namespace velmora {
 
+class Startup;
+
 /// What is known before the toolkit starts.
 struct Launch {
     FocusRequest request;
-    DisplaySession session;
+    Startup& startup;
     /// The user's home folder.
     std::filesystem::path home;
     std::shared_ptr<InstanceLock> lock;

@@ -1,9 +1,11 @@
 #include "Velmora/shell/SystemObservers.h"
 
+#include "Velmora/platform/PlatformServices.h"
 #include "Velmora/shell/AppDelegate.h"
 
 #include <QColor>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QSessionManager>
 
 #include <optional>
@@ -12,11 +14,11 @@ namespace velmora {
 
 namespace {
 
-std::optional<QColor> colour(std::optional<TrayInk> const& ink)
+std::optional<QColor> colour(std::optional<StatusInk> const& ink)
 {
     if (!ink)
         return std::nullopt;
-    return QColor(qRgb(ink->red >> 8U, ink->green >> 8U, ink->blue >> 8U));
+    return QColor(ink->red, ink->green, ink->blue);
 }
 
 void followSessionManager(AppDelegate& delegate)
@@ -31,22 +33,29 @@ void followSessionManager(AppDelegate& delegate)
 
 } // namespace
 
-SystemObservers::SystemObservers(AppDelegate& delegate, QDBusConnection const& sessionBus,
-    QDBusConnection const& systemBus, X11Watch& x11)
-    : m_focus(sessionBus)
-    , m_sleep(systemBus)
-    , m_lock(systemBus, sessionBus)
-    , m_tray(sessionBus, x11)
+void observeSystem(PlatformServices& system, AppDelegate& delegate)
 {
-    QObject::connect(
-        &m_focus, &FocusReceiver::requested, &delegate, &AppDelegate::takeFocusRequest);
-    QObject::connect(&m_sleep, &LogindSleep::willSleep, &delegate, &AppDelegate::willSleep);
-    QObject::connect(&m_sleep, &LogindSleep::didWake, &delegate, &AppDelegate::didWake);
-    QObject::connect(&m_lock, &SessionLock::lockedChanged, &delegate, &AppDelegate::sessionLocked);
-    QObject::connect(&m_tray, &TrayHost::availableChanged, &delegate, &AppDelegate::trayAvailable);
-    QObject::connect(&m_tray, &TrayHost::inkChanged, &delegate,
-        [this, &delegate] { delegate.trayInkChanged(colour(m_tray.ink())); });
-    delegate.trayInkChanged(colour(m_tray.ink()));
+    // The toolkit drops the connections of a receiver that is gone; so do these.
+    QPointer<AppDelegate> const to(&delegate);
+    auto const call = [to](auto operation) {
+        return [to, operation](auto const&... news) {
+            if (to)
+                (to->*operation)(news...);
+        };
+    };
+    system.listen({.focusRequested = call(&AppDelegate::takeFocusRequest),
+        .willSleep = call(&AppDelegate::willSleep),
+        .didWake = call(&AppDelegate::didWake),
+        .sessionLocked = call(&AppDelegate::sessionLocked),
+        .trayAvailable = call(&AppDelegate::trayAvailable),
+        .statusInkChanged =
+            [to](std::optional<StatusInk> const& ink) {
+                if (to)
+                    to->trayInkChanged(colour(ink));
+            },
+        .reopened = call(&AppDelegate::reopened),
+        .settingsRequested = call(&AppDelegate::openSettings),
+        .endRequested = call(&AppDelegate::terminate)});
     followSessionManager(delegate);
 }
 

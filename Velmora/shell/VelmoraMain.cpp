@@ -1,28 +1,24 @@
 #include "Velmora/shell/VelmoraMain.h"
 
 #include "Velmora/platform/FocusRequest.h"
-#include "Velmora/platform/linux/DisplayServer.h"
-#include "Velmora/platform/linux/session/SessionFocus.h"
+#include "Velmora/platform/Startup.h"
 #include "Velmora/platform/posix/EndingSignals.h"
 #include "Velmora/platform/posix/HomeFolder.h"
-#include "Velmora/platform/posix/InstanceLock.h"
 #include "Velmora/platform/posix/StandardStreams.h"
+#include "Velmora/services/SingleInstance.h"
 #include "Velmora/shell/LibraryNoise.h"
 #include "Velmora/shell/Program.h"
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <span>
 #include <string_view>
-#include <thread>
+#include <utility>
 
 namespace velmora {
 
 namespace {
-
-using namespace std::chrono_literals;
 
 using Arguments = std::span<char const* const>;
 
@@ -40,9 +36,6 @@ constexpr std::string_view help
 
 constexpr std::string_view version = "Velmora " VELMORA_VERSION "\n";
 
-constexpr int posts = 3;
-constexpr auto pauseAfterPost = 120ms;
-
 bool holds(Arguments arguments, std::string_view flag)
 {
     return std::ranges::any_of(
@@ -53,20 +46,6 @@ int answer(std::string_view text)
 {
     (void)std::fwrite(text.data(), 1, text.size(), stdout);
     (void)std::fflush(stdout);
-    return 0;
-}
-
-/// Asks the running copy to come forward. The posts are deliberately more than one, and each is
-/// a request of its own.
-int signalPeer(FocusRequest const& request)
-{
-    FocusSender sender(existingSessionBus());
-    for (int i = 0; i < posts; ++i) {
-        sender.post(request);
-        std::this_thread::sleep_for(pauseAfterPost);
-    }
-    sender.settle();
-    StandardErrorStream().write("Velmora: already running — bringing it forward.\n");
     return 0;
 }
 
@@ -85,17 +64,18 @@ int VelmoraMain::main(int argc, char** argv)
     quietLibraries();
     auto const request = focusRequest(arguments);
     auto const home = homeFolder();
-    auto lock = InstanceLock::acquire(home);
+    auto const startup = Startup::make(arguments);
+    StandardErrorStream standardError;
+    auto lock = SingleInstance(startup->peers(), standardError).claim(home, request);
     if (!lock)
-        return signalPeer(request);
+        return 0;
 
-    auto const session = displaySession(arguments);
-    if (!displayReachable(session)) {
-        StandardErrorStream().write("Velmora: no display can be reached.\n");
+    if (!startup->displayReachable()) {
+        standardError.write("Velmora: no display can be reached.\n");
         return 1;
     }
     return runProgram(argc, argv,
-        {.request = request, .session = session, .home = home, .lock = std::move(lock)});
+        {.request = request, .startup = *startup, .home = home, .lock = std::move(lock)});
 }
 
 } // namespace velmora

@@ -104,7 +104,7 @@ void SettingsPanel::setShown(bool shown)
     positionSettings();
     show();
     windowHandle()->installEventFilter(this);
-    m_seams.desktop.joinEveryDesktop(static_cast<std::uint32_t>(winId()));
+    m_seams.desktop.joinEveryDesktop(static_cast<std::uintptr_t>(winId()));
     raise();
     activateWindow();
 }

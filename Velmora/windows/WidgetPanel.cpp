@@ -49,6 +49,7 @@ WidgetPanel::WidgetPanel(Seams seams, WidgetView& view)
     m_container.setWindow(this);
     m_container.resizeKnob().onCursor = [this](GripCursor cursor) { setCursorFor(cursor); };
     m_seams.desktop.onTranslucency = [this] { drawFrame(); };
+    m_seams.desktop.onPointer = [this](Point screen) { pointerTick(windowPoint(screen)); };
     connect(&m_seams.model, &AppModel::changed, this, &WidgetPanel::modelChanged);
     readPace();
     WidgetAccessible::install();
@@ -58,6 +59,7 @@ WidgetPanel::WidgetPanel(Seams seams, WidgetView& view)
 WidgetPanel::~WidgetPanel()
 {
     m_seams.desktop.onTranslucency = nullptr;
+    m_seams.desktop.onPointer = nullptr;
     m_view.setWindow(nullptr);
 }
 
@@ -70,7 +72,7 @@ void WidgetPanel::configure()
     translucent.setAlphaBufferSize(alphaBits);
     setFormat(translucent);
     create();
-    m_seams.desktop.adopt(static_cast<std::uint32_t>(winId()));
+    m_seams.desktop.adopt(static_cast<std::uintptr_t>(winId()));
 }
 
 void WidgetPanel::modelChanged(AppModel::Property property)
@@ -210,6 +212,7 @@ std::optional<Rect> WidgetPanel::visibleFrame() const
 void WidgetPanel::orderFrontRegardless()
 {
     show();
+    m_seams.desktop.shown();
     raise();
 }
 

@@ -80,6 +80,7 @@ private:
     [[nodiscard]] PointerEvent pointerEvent(QSinglePointEvent const& event) const;
     /// What the pointer tracking does with every news of the pointer; absent is elsewhere.
     void pointerTick(std::optional<Point> windowPoint);
+    [[nodiscard]] Point windowPoint(Point screen) const;
     void readPace();
     void modelChanged(AppModel::Property property);
     /// Tells assistive tools, once the model has come to rest, that the orb reads differently.

@@ -1,4 +1,5 @@
 #include "Velmora/geometry/PointerTracker.h"
+#include "Velmora/platform/DesktopPanel.h"
 #include "Velmora/windows/WidgetPanel.h"
 
 #include <QEnterEvent>
@@ -46,7 +47,16 @@ void WidgetPanel::pointerTick(std::optional<Point> windowPoint)
     if (model.pointerInside() != over)
         model.setPointerInside(over);
     auto const held = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
-    m_ignoresPointer = velmora::ignoresPointer(over, held);
+    auto const ignores = velmora::ignoresPointer(over, held);
+    if (ignores != m_ignoresPointer) {
+        m_ignoresPointer = ignores;
+        m_seams.desktop.setIgnoresPointer(ignores);
+    }
+}
+
+Point WidgetPanel::windowPoint(Point screen) const
+{
+    return {.x = screen.x - m_frame.x, .y = screen.y - m_frame.y};
 }
 
 bool WidgetPanel::event(QEvent* event)

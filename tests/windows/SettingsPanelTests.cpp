@@ -21,7 +21,7 @@ namespace {
 
 class CountingDesktop final : public DesktopWindow {
 public:
-    void joinEveryDesktop(std::uint32_t /*window*/) override { ++joined; }
+    void joinEveryDesktop(std::uintptr_t /*window*/) override { ++joined; }
 
     int joined = 0;
 };

@@ -118,11 +118,11 @@ void X11DesktopPanel::readCompositor()
     m_translucent = owner && owner->owner != XCB_WINDOW_NONE;
 }
 
-void X11DesktopPanel::adopt(std::uint32_t window)
+void X11DesktopPanel::adopt(std::uintptr_t window)
 {
     if (!m_connection)
         return;
-    m_window = window;
+    m_window = static_cast<std::uint32_t>(window);
     setType();
     setState();
     bound();

@@ -26,7 +26,9 @@ public:
     X11DesktopPanel(X11DesktopPanel&&) = delete;
     X11DesktopPanel& operator=(X11DesktopPanel&&) = delete;
 
-    void adopt(std::uint32_t window) override;
+    void adopt(std::uintptr_t window) override;
+    void shown() override { }
+    void setIgnoresPointer(bool /*ignores*/) override { }
     void setOutline(std::span<PixelRect const> outline) override;
     [[nodiscard]] bool translucent() const override { return m_translucent; }
 

@@ -68,12 +68,12 @@ private:
 
 // A desktop of "all" that is written before the window is shown is taken for the last one by some
 // window managers; asked for afterwards, all of them understand it.
-void X11DesktopWindow::joinEveryDesktop(std::uint32_t window)
+void X11DesktopWindow::joinEveryDesktop(std::uintptr_t window)
 {
     auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (!x11)
         return;
-    Request const request(x11->connection(), window);
+    Request const request(x11->connection(), static_cast<std::uint32_t>(window));
     request.send("_NET_WM_DESKTOP", {everyDesktop, fromApplication});
     request.send("_NET_WM_STATE",
         {addState, request.atom("_NET_WM_STATE_SKIP_TASKBAR"),

@@ -8,7 +8,7 @@ namespace velmora {
 /// speaks no X11 nothing happens.
 class X11DesktopWindow final : public DesktopWindow {
 public:
-    void joinEveryDesktop(std::uint32_t window) override;
+    void joinEveryDesktop(std::uintptr_t window) override;
 };
 
 } // namespace velmora

@@ -9,6 +9,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+// Not every Unix has it in a header.
+extern "C" char** environ; // NOLINT(readability-redundant-declaration)
+
 namespace velmora {
 
 namespace {

@@ -1,4 +1,4 @@
-#include "Velmora/platform/linux/session/UnixSignals.h"
+#include "Velmora/platform/toolkit/UnixSignals.h"
 
 #include "tests/platform/linux/session/Eventually.h"
 

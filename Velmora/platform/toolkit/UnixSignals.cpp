@@ -1,4 +1,4 @@
-#include "Velmora/platform/linux/session/UnixSignals.h"
+#include "Velmora/platform/toolkit/UnixSignals.h"
 
 #include "Velmora/platform/posix/EndingSignals.h"
 
@@ -36,10 +36,19 @@ extern "C" void noteSignal(int /*number*/)
     errno = error;
 }
 
+/// Not every Unix has a call that does this along with making the pipe.
+void setFlags(int descriptor)
+{
+    fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+    fcntl(descriptor, F_SETFL, O_NONBLOCK);
+}
+
 int openPipe()
 {
     std::array<int, 2> ends{-1, -1};
-    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) == 0) {
+    if (pipe(ends.data()) == 0) {
+        setFlags(ends[0]);
+        setFlags(ends[1]);
         handlerPipe() = {.readEnd = ends[0], .writeEnd = ends[1]};
         handlerDescriptor = ends[1];
     }
