@@ -7,58 +7,57 @@ namespace velmora {
 
 namespace {
 
-/// A plain ball in the colours of the active hours.
-void drawBall(QPainter& painter, OrbCanvas::Look const& look, double scale)
+PixelTarget target(QImage& canvas)
 {
-    QPointF const centre(look.bounds.width * scale / 2, look.bounds.height * scale / 2);
-    auto const side = look.size * scale;
-    QRadialGradient gradient(centre - QPointF(side, side) * 0.1, side * 0.42);
-    gradient.setColorAt(0, QColor::fromRgbF(0.90F, 0.97F, 0.90F));
-    gradient.setColorAt(0.5, QColor::fromRgbF(0.42F, 0.74F, 0.58F));
-    gradient.setColorAt(1, QColor::fromRgbF(0.18F, 0.52F, 0.46F));
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(gradient);
-    painter.drawEllipse(centre, side * 0.31, side * 0.31);
+    return {.bytes = canvas.bits(),
+        .width = canvas.width(),
+        .height = canvas.height(),
+        .stride = canvas.bytesPerLine(),
+        .scale = canvas.devicePixelRatio()};
 }
 
-void drawControls(QPainter& painter, OrbCanvas::Look const& look)
+void drawControls(QImage& canvas, Size bounds, double size, OrbCanvas::Controls const& controls)
 {
-    if (look.chromeShown <= 0)
-        return;
-    painter.setOpacity(look.chromeShown);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(controls.opacity);
     for (std::size_t i = 0; i < OrbControls::all.size(); ++i) {
         auto const control = OrbControls::all.at(i);
-        OrbControls::draw(painter, look.symbols.at(i),
-            OrbControls::frame(control, look.size, look.bounds), OrbControls::symbolSize(look.size),
-            look.pressed == control);
+        OrbControls::draw(painter, controls.symbols.at(i),
+            OrbControls::frame(control, size, bounds), OrbControls::symbolSize(size),
+            controls.pressed == control);
     }
 }
 
 } // namespace
 
-void OrbCanvas::draw(QImage& canvas, Look const& look)
+void OrbCanvas::draw(QImage& canvas, Size bounds, OrbFrame const& frame,
+    OrbCaption::Texts const& texts, Controls const& controls)
 {
-    auto const scale = canvas.devicePixelRatio();
+    drawStack(canvas, bounds, frame, texts);
+    if (controls.opacity > 0)
+        drawControls(canvas, bounds, frame.size, controls);
+}
+
+void OrbCanvas::drawStack(
+    QImage& canvas, Size bounds, OrbFrame const& frame, OrbCaption::Texts const& texts)
+{
+    auto const pixels = target(canvas);
+    if (!frame.caption) {
+        m_renderer.render(frame, pixels);
+        return;
+    }
+    m_renderer.render(frame, pixels, StackOpacity::deferred);
     {
         // The caption is laid out in device pixels.
         canvas.setDevicePixelRatio(1);
         QPainter painter(&canvas);
-        drawBall(painter, look, scale);
-        m_caption.draw(painter,
-            QPointF(look.bounds.width * scale / 2, look.bounds.height * scale / 2),
-            {.word = look.word,
-                .status = look.status,
-                .size = look.size,
-                .scale = scale,
-                .wordShown = look.wordShown,
-                .statusShown = look.statusShown,
-                .lifted = look.chromeShown});
+        QPointF const centre(bounds.width / 2, bounds.height / 2);
+        m_caption.draw(
+            painter, centre * pixels.scale, *frame.caption, texts, frame.size, pixels.scale);
     }
-    canvas.setDevicePixelRatio(scale);
-    QPainter painter(&canvas);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawControls(painter, look);
+    canvas.setDevicePixelRatio(pixels.scale);
+    multiplyOpacity(pixels, frame.opacity);
 }
 
 } // namespace velmora

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Velmora/geometry/Rect.h"
+#include "Velmora/orb/OrbFrame.h"
+#include "Velmora/orb/OrbRenderer.h"
 #include "Velmora/views/OrbCaption.h"
 #include "Velmora/views/OrbControls.h"
 
@@ -11,29 +13,27 @@ class QImage;
 
 namespace velmora {
 
-/// Draws one frame of the orb's view.
+/// Draws one frame of the orb's view: the orb, its caption, and the buttons above them.
 class OrbCanvas {
 public:
-    /// Everything one frame depends on.
-    struct Look {
-        /// The space offered and the orb's side, in points.
-        Size bounds;
-        double size = 0;
-        QString word;
-        QString status;
-        /// How far the word, the status line and the buttons are shown, 0..1.
-        double wordShown = 0;
-        double statusShown = 0;
-        double chromeShown = 0;
+    struct Controls {
+        /// 0 hidden ... 1 shown.
+        double opacity = 0;
         /// In the order of `OrbControls::all`.
         std::array<OrbControls::Symbol, OrbControls::all.size()> symbols = {};
         std::optional<OrbControls::Control> pressed;
     };
 
-    /// Draws into a clear picture whose device pixel ratio is set.
-    void draw(QImage& canvas, Look const& look);
+    /// Overwrites a premultiplied picture that fills `bounds` (points) and whose device pixel ratio
+    /// is set.
+    void draw(QImage& canvas, Size bounds, OrbFrame const& frame, OrbCaption::Texts const& texts,
+        Controls const& controls);
 
 private:
+    void drawStack(
+        QImage& canvas, Size bounds, OrbFrame const& frame, OrbCaption::Texts const& texts);
+
+    OrbRenderer m_renderer;
     OrbCaption m_caption;
 };
 

@@ -2,67 +2,63 @@
 
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 
 namespace velmora {
 
 namespace {
 
-constexpr double wordShare = 0.11;
-constexpr double smallestWord = 11.0;
-constexpr double statusShare = 0.065;
-constexpr double smallestStatus = 8.0;
-constexpr double spacing = 0.02;
-constexpr double lift = 0.04;
-
-TextPicture::Style wordStyle(double size, double scale)
+TextPicture::Style wordStyle(CaptionLayer const& layer, double widest, double scale)
 {
-    return {.fontSize = std::max(size * wordShare, smallestWord) * scale,
+    return {.fontSize = layer.wordFontSize * scale,
         .weight = QFont::Light,
-        .opacity = 0.92,
-        .shadowOpacity = 0.22,
-        .shadowRadius = 4 * scale,
-        .shadowDrop = 1 * scale,
-        .widest = size * scale};
+        .opacity = layer.wordOpacity,
+        .shadowOpacity = layer.wordShadow.opacity,
+        .shadowDeviation = layer.wordShadow.radius * scale,
+        .shadowDrop = layer.wordShadow.dy * scale,
+        .widest = widest * scale};
 }
 
-TextPicture::Style statusStyle(double size, double scale)
+TextPicture::Style statusStyle(CaptionLayer const& layer, double widest, double scale)
 {
-    return {.fontSize = std::max(size * statusShare, smallestStatus) * scale,
+    return {.fontSize = layer.statusFontSize * scale,
         .weight = QFont::Normal,
-        .opacity = 0.72,
-        .widest = size * scale};
+        .opacity = layer.statusOpacity,
+        .widest = widest * scale};
 }
 
 /// Draws a line by the middle of its upper edge. Whole pixels keep the letters sharp.
 void drawLine(QPainter& painter, TextPicture const& line, QPointF top, double opacity)
 {
+    QPointF const corner(std::round(top.x() - line.size().width() / 2), std::round(top.y()));
     painter.setOpacity(opacity);
-    painter.drawImage(QPointF(std::round(top.x() - line.size().width() / 2), std::round(top.y()))
-            - QPointF(line.margin(), line.margin()),
-        line.image());
+    painter.drawImage(corner - QPointF(line.margin(), line.margin()), line.image());
 }
 
 } // namespace
 
-void OrbCaption::draw(QPainter& painter, QPointF centre, Look const& look)
+void OrbCaption::draw(QPainter& painter, QPointF centre, CaptionLayer const& layer,
+    Texts const& texts, double widest, double scale)
 {
-    if (look.wordShown <= 0 && look.statusShown <= 0)
-        return;
-    auto const unit = look.size * look.scale;
-    painter.save();
-    m_word.set(look.word, wordStyle(look.size, look.scale));
+    auto const wordHeight = TextPicture::lineHeight(wordStyle(layer, widest, scale));
     auto below = 0.0;
-    if (look.statusShown > 0) {
-        m_status.set(look.status, statusStyle(look.size, look.scale));
-        below = (unit * spacing + m_status.size().height()) * look.statusShown;
+    if (layer.statusPresence > 0) {
+        m_status.set(texts.status, statusStyle(layer, widest, scale));
+        // Coming and going, the line makes room for itself.
+        below = (layer.spacing * scale + m_status.size().height()) * layer.statusPresence;
     }
-    auto const top = centre.y() - unit * lift * look.lifted - (m_word.size().height() + below) / 2;
-    drawLine(painter, m_word, QPointF(centre.x(), top), look.wordShown);
-    if (look.statusShown > 0) {
-        auto const statusTop = top + m_word.size().height() + unit * spacing;
-        drawLine(painter, m_status, QPointF(centre.x(), statusTop), look.statusShown);
+    auto const top = centre.y() + layer.dy * scale - (wordHeight + below) / 2;
+    painter.save();
+    for (std::size_t i = 0; i < captionWordCount; ++i) {
+        if (layer.presence.at(i) <= 0)
+            continue;
+        auto& word = m_words.at(i);
+        word.set(texts.words.at(i), wordStyle(layer, widest, scale));
+        drawLine(painter, word, QPointF(centre.x(), top), layer.presence.at(i));
+    }
+    if (layer.statusPresence > 0) {
+        auto const statusTop = top + wordHeight + layer.spacing * scale;
+        drawLine(painter, m_status, QPointF(centre.x(), statusTop), layer.statusPresence);
     }
     painter.restore();
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "Velmora/orb/OrbFrame.h"
 #include "Velmora/views/TextPicture.h"
 
 #include <QString>
+
+#include <array>
 
 class QPainter;
 
@@ -11,25 +14,19 @@ namespace velmora {
 /// The word on the orb and the status line below it.
 class OrbCaption {
 public:
-    struct Look {
-        QString word;
+    struct Texts {
+        /// In the order of `CaptionWord`.
+        std::array<QString, captionWordCount> words;
         QString status;
-        /// Side of the orb in points.
-        double size = 0;
-        /// Device pixels per point.
-        double scale = 1;
-        /// How far the word is shown, and the status line with the buttons, 0..1.
-        double wordShown = 0;
-        double statusShown = 0;
-        /// How far the caption has moved up to make room for the buttons, 0..1.
-        double lifted = 0;
     };
 
-    /// Draws the caption about a centre, both in device pixels.
-    void draw(QPainter& painter, QPointF centre, Look const& look);
+    /// Draws the caption about a centre in device pixels, no line wider than `widest` points.
+    /// `scale` is device pixels per point.
+    void draw(QPainter& painter, QPointF centre, CaptionLayer const& layer, Texts const& texts,
+        double widest, double scale);
 
 private:
-    TextPicture m_word;
+    std::array<TextPicture, captionWordCount> m_words;
     TextPicture m_status;
 };
 

@@ -1,6 +1,7 @@
 #include "Velmora/views/TextPicture.h"
 
 #include <QColor>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -36,7 +37,8 @@ QFont font(TextPicture::Style const& style)
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setWeight(style.weight);
     // Where the family has no such weight the nearest may be thinner still, too thin to read.
-    if (QFontInfo(font).weight() < style.weight)
+    QFontInfo const found(font);
+    if (QFontDatabase::weight(found.family(), found.styleName()) < style.weight)
         font.setWeight(QFont::Normal);
     return font;
 }
@@ -69,12 +71,11 @@ void blur(std::vector<int>& line, std::vector<int>& scratch, double sigma)
 }
 
 /// The picture's alpha, blurred, as black of an opacity.
-QImage shadow(QImage const& picture, double radius, double opacity)
+QImage shadow(QImage const& picture, double sigma, double opacity)
 {
     constexpr int precision = 64;
     auto const width = picture.width();
     auto const height = picture.height();
-    auto const sigma = radius / 2;
     std::vector<int> alpha(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     std::vector<int> line(static_cast<std::size_t>(width));
     std::vector<int> scratch;
@@ -105,6 +106,12 @@ QImage shadow(QImage const& picture, double radius, double opacity)
 
 } // namespace
 
+double TextPicture::lineHeight(Style const& style)
+{
+    auto probe = canvas(QSize(1, 1));
+    return QFontMetricsF(font(style), &probe).height();
+}
+
 void TextPicture::set(QString const& text, Style const& style)
 {
     if (text == m_text && style == m_style && !m_image.isNull())
@@ -121,9 +128,9 @@ void TextPicture::draw(QString const& text, Style const& style)
     QFontMetricsF const metrics(face, &probe);
     auto const shown = metrics.elidedText(text, Qt::ElideRight, style.widest);
     m_size = QSizeF(metrics.horizontalAdvance(shown), metrics.height());
-    // Accents and italics may leave the line's box; the blur fades out within twice its radius.
+    // Accents and italics may leave the line's box; the blur fades out within three deviations.
     m_margin = static_cast<int>(
-        std::ceil(style.fontSize / 4 + 2 * style.shadowRadius + style.shadowDrop));
+        std::ceil(style.fontSize / 4 + 3 * style.shadowDeviation + style.shadowDrop));
     m_image = canvas(QSize(static_cast<int>(std::ceil(m_size.width())) + 2 * m_margin,
         static_cast<int>(std::ceil(m_size.height())) + 2 * m_margin));
     QPainter painter(&m_image);
@@ -131,9 +138,9 @@ void TextPicture::draw(QString const& text, Style const& style)
     painter.setFont(face);
     painter.setPen(QColor::fromRgbF(1, 1, 1, static_cast<float>(style.opacity)));
     painter.drawText(QPointF(m_margin, m_margin + metrics.ascent()), shown);
-    if (style.shadowRadius <= 0)
+    if (style.shadowDeviation <= 0)
         return;
-    auto const below = shadow(m_image, style.shadowRadius, style.shadowOpacity);
+    auto const below = shadow(m_image, style.shadowDeviation, style.shadowOpacity);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
     painter.drawImage(QPointF(0, style.shadowDrop), below);
 }

@@ -16,15 +16,19 @@ public:
         QFont::Weight weight = QFont::Normal;
         /// Opacity of the text, 0..1.
         double opacity = 1;
-        /// Opacity, 0..1, radius and downward offset of the black shadow; a radius of 0 is none.
+        /// Opacity, 0..1, softness (a standard deviation) and downward offset of the black shadow;
+        /// a softness of 0 is none.
         double shadowOpacity = 0;
-        double shadowRadius = 0;
+        double shadowDeviation = 0;
         double shadowDrop = 0;
         /// The line is cut with an ellipsis where it would be longer.
         double widest = 0;
 
         bool operator==(Style const&) const = default;
     };
+
+    /// The height of a line of a style, in device pixels.
+    [[nodiscard]] static double lineHeight(Style const& style);
 
     /// Draws the line unless it is drawn already.
     void set(QString const& text, Style const& style);

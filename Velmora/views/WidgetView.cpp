@@ -9,19 +9,9 @@ namespace velmora {
 using OrbControls::Control;
 using OrbControls::Symbol;
 
-namespace {
-
-// Seconds.
-constexpr double wordFadeDuration = 0.6;
-constexpr double chromeFadeDuration = 0.2;
-
-} // namespace
-
 WidgetView::WidgetView(AppModel& model)
     : m_model(model)
     , m_showWord(model.isReminding())
-    , m_wordFade(wordFadeDuration, m_showWord)
-    , m_chromeFade(chromeFadeDuration)
 {
     connect(&model, &AppModel::changed, this, &WidgetView::modelChanged);
 }

@@ -2,7 +2,7 @@
 
 #include "Velmora/geometry/Rect.h"
 #include "Velmora/model/AppModel.h"
-#include "Velmora/views/Fade.h"
+#include "Velmora/orb/OrbTransitions.h"
 #include "Velmora/views/OrbCanvas.h"
 #include "Velmora/views/OrbControls.h"
 #include "Velmora/views/PointerEvent.h"
@@ -44,8 +44,8 @@ public:
     /// Whether the caption's word is visible by itself.
     [[nodiscard]] bool showWord() const { return m_showWord; }
 
-    /// Draws the frame of an instant (seconds) into a clear, premultiplied picture that fills the
-    /// bounds and whose device pixel ratio is set.
+    /// Draws the frame of an instant (seconds) over a premultiplied picture that fills the bounds
+    /// and whose device pixel ratio is set.
     void draw(QImage& canvas, double now);
     /// Lays a quiet dark ground behind a drawn frame, for a desktop that cannot show through.
     static void drawBackdrop(QImage& canvas);
@@ -93,8 +93,7 @@ private:
     void setHovered(std::optional<OrbControls::Control> control);
     void modelChanged(AppModel::Property property);
 
-    [[nodiscard]] QString word() const;
-    [[nodiscard]] OrbCanvas::Look look(double now);
+    [[nodiscard]] OrbState orbState() const;
 
     void dragChanged(PointerEvent const& event);
     void dragEnded(PointerEvent const& event);
@@ -114,8 +113,7 @@ private:
     bool m_showWord = false;
 
     OrbCanvas m_canvas;
-    Fade m_wordFade;
-    Fade m_chromeFade;
+    OrbTransitions m_transitions;
 
     std::optional<OrbControls::Control> m_pressed;
     std::optional<OrbControls::Control> m_hovered;

@@ -1,9 +1,8 @@
+#include "Velmora/orb/OrbState.h"
 #include "Velmora/views/WidgetView.h"
 
 #include <QImage>
 #include <QPainter>
-
-#include <algorithm>
 
 namespace velmora {
 
@@ -13,34 +12,30 @@ constexpr QColor backdrop(26, 34, 32);
 
 } // namespace
 
-QString WidgetView::word() const
+OrbState WidgetView::orbState() const
 {
-    if (m_model.isReminding())
-        return tr("velmora");
-    if (m_model.paused())
-        return tr("paused");
-    return m_model.inActiveHours() ? tr("relax") : tr("resting");
-}
-
-OrbCanvas::Look WidgetView::look(double now)
-{
-    m_wordFade.set(m_showWord, now);
-    m_chromeFade.set(showChrome(), now);
-    auto const chrome = m_chromeFade.at(now);
-    return {.bounds = m_bounds,
-        .size = m_model.widgetSize(),
-        .word = word(),
-        .status = accessibleValue(),
-        .wordShown = std::max(m_wordFade.at(now), chrome),
-        .statusShown = m_model.isReminding() ? 0 : chrome,
-        .chromeShown = chrome,
-        .symbols = {symbol(OrbControls::Control::pause), symbol(OrbControls::Control::settings)},
-        .pressed = m_pressed};
+    return {.paused = m_model.paused(),
+        .isReminding = m_model.isReminding(),
+        .inActiveHours = m_model.inActiveHours(),
+        .reduceMotion = m_model.reduceMotion(),
+        .showWord = m_showWord,
+        .showChrome = showChrome(),
+        .widgetSize = m_model.widgetSize()};
 }
 
 void WidgetView::draw(QImage& canvas, double now)
 {
-    m_canvas.draw(canvas, look(now));
+    auto const frame = m_transitions.frame(orbState(), now);
+    OrbCaption::Texts texts;
+    if (frame.caption) {
+        texts = {.words = {tr("velmora"), tr("paused"), tr("relax"), tr("resting")},
+            .status = accessibleValue()};
+    }
+    m_canvas.draw(canvas, m_bounds, frame, texts,
+        {.opacity = m_transitions.controlsOpacity(),
+            .symbols
+            = {symbol(OrbControls::Control::pause), symbol(OrbControls::Control::settings)},
+            .pressed = m_pressed});
 }
 
 void WidgetView::drawBackdrop(QImage& canvas)
