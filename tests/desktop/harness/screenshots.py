@@ -12,6 +12,9 @@ PALETTES = {
     "active": ((0.90, 0.97, 0.90), (0.42, 0.74, 0.58), (0.18, 0.52, 0.46)),
     "resting": ((0.55, 0.62, 0.70), (0.38, 0.46, 0.56), (0.26, 0.32, 0.42)),
 }
+# What shines through the orb where it is translucent as a whole: a desktop's own background.
+_OPACITY = {"resting": 0.78}
+_BACKGROUND = 0.0
 
 
 def save(pixels: numpy.ndarray, path: Path) -> Path:
@@ -24,9 +27,11 @@ def save(pixels: numpy.ndarray, path: Path) -> Path:
 def share_wearing(pixels: numpy.ndarray, palette: str, tolerance: float = 0.06) -> float:
     """Which share of the pixels, 0..1, lies on the gradient between a palette's three colours.
 
-    `tolerance` is the largest distance of a pixel from the gradient, in a cube of side 1.
+    `tolerance` is the largest distance of a pixel from the gradient, in a cube of side 1. Where the
+    palette is translucent the bare desktop has to be behind it.
     """
-    colours = numpy.asarray(PALETTES[palette])
+    opacity = _OPACITY.get(palette, 1.0)
+    colours = numpy.asarray(PALETTES[palette]) * opacity + _BACKGROUND * (1 - opacity)
     seen = pixels.reshape(-1, 3) / 255.0
     nearest = numpy.full(len(seen), numpy.inf)
     for start, end in zip(colours, colours[1:]):
