@@ -17,7 +17,7 @@ if TYPE_CHECKING:
     from .desktop import Desktop
 
 _SOURCE = Path(__file__).resolve().parents[3]
-_PLACES = ("build/dev/Velmora/shell/velmora", "build/dev/velmora", "build/release/velmora")
+_PLACES = ("build/dev/velmora", "build/asan/velmora", "build/release/velmora")
 # Passed on from whoever runs the tests, so that a sanitized program can be put to the test too.
 _PASSED_ON = ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
