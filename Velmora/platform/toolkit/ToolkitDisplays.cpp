@@ -54,9 +54,11 @@ std::vector<Display> ToolkitDisplays::all() const
     std::vector<Display> displays;
     auto const convert = coordinates();
     for (auto const* screen : QGuiApplication::screens()) {
+        // Scaled to points, an odd number of pixels may round to a row outside the screen.
         displays.push_back({.id = *id(screen),
             .frames = {.frame = convert.fromToolkit(rect(screen->geometry())),
-                .visible = convert.fromToolkit(rect(screen->availableGeometry()))}});
+                .visible
+                = convert.fromToolkit(rect(screen->availableGeometry() & screen->geometry()))}});
     }
     return displays;
 }
