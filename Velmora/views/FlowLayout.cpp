@@ -42,7 +42,7 @@ QLayoutItem* FlowLayout::takeAt(int index)
     return item;
 }
 
-QSize FlowLayout::itemSize(QLayoutItem const& item, int width) const
+QSize FlowLayout::itemSize(QLayoutItem const& item, int width)
 {
     QSize size = item.sizeHint().expandedTo(item.minimumSize());
     size.setWidth(std::min(size.width(), width));

@@ -24,6 +24,8 @@ public:
     /// Gaps in desktop points. Its margins are 0 until they are set.
     FlowLayout(Spread spread, int gap, int lineGap);
     ~FlowLayout() override;
+    FlowLayout(FlowLayout const&) = delete;
+    FlowLayout& operator=(FlowLayout const&) = delete;
 
     void addItem(QLayoutItem* item) override;
     [[nodiscard]] int count() const override;
@@ -49,7 +51,7 @@ private:
     };
 
     [[nodiscard]] std::vector<Line> lines(int width) const;
-    [[nodiscard]] QSize itemSize(QLayoutItem const& item, int width) const;
+    [[nodiscard]] static QSize itemSize(QLayoutItem const& item, int width);
     void place(Line const& line, QRect const& bounds, int top) const;
 
     Spread m_spread;
