@@ -104,6 +104,7 @@ Paint paint(OrbFrame const& frame, PixelTarget const& target, float opacity)
 struct OrbRenderer::Scratch {
     Contour glowContour;
     Contour bodyContour;
+    Contour shadowContour;
     Contour otherContour;
     Contour highlightContour;
     SoftPlane glow;
@@ -151,8 +152,9 @@ CellGrid OrbRenderer::Scratch::drawSoftLayers(OrbFrame const& frame, PixelTarget
     double const side = frame.size * target.scale;
     ShadowEffect const& dark = frame.body.shadow;
     HighlightLayer const& light = frame.highlight;
-    glowContour.fit(frame.glow.phase, side / 8);
-    highlightContour.fit(light.phase, side * std::clamp(std::fabs(light.scale), 0.0, 1.0) / 8);
+    glowContour.fit(frame.glow.phase, side / 12);
+    shadowContour.fit(frame.body.phase, side / 12);
+    highlightContour.fit(light.phase, side * std::clamp(std::fabs(light.scale), 0.0, 1.0) / 12);
     double const edge = std::min(target.width, target.height) / 2.0;
     double const shift = std::max(std::fabs(dark.dx), std::fabs(dark.dy)) * target.scale;
     double const reach = std::max(glowContour.reach() * std::fabs(frame.glow.scale) * side,
@@ -161,7 +163,7 @@ CellGrid OrbRenderer::Scratch::drawSoftLayers(OrbFrame const& frame, PixelTarget
         = CellGrid::covering(target.width, target.height, side, std::max(reach - edge, 0.0));
     glow.draw(grid, glowContour, placing(target, frame.glow.scale * side),
         frame.glow.blur * std::fabs(frame.glow.scale) * target.scale);
-    shadow.draw(grid, bodyContour,
+    shadow.draw(grid, shadowContour,
         moved(placing(target, frame.body.scale * side), dark.dx * target.scale,
             dark.dy * target.scale),
         dark.radius * target.scale);

@@ -1,6 +1,7 @@
 #include "Velmora/orb/RowPainter.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace velmora {
@@ -33,6 +34,7 @@ void RowPainter::begin(CellGrid const& grid, int width, Paint const& paint, Soft
     grid_ = grid;
     paint_ = paint;
     width_ = width;
+    gradientPerPixel_ = 1 / paint.gradientRadius;
     grow(fields_, grid.stride * grid.rows * 4);
     grow(backdrop_, grid.stride * grid.rows * 4);
     grow(fieldRow_, grid.stride * 4 + 4);
@@ -125,7 +127,7 @@ std::uint32_t const* RowPainter::paintRow(
     int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring)
 {
     interpolateRow(y);
-    float const down = (static_cast<float>(y) + 0.5F - paint_.gradientY) / paint_.gradientRadius;
+    float const down = (static_cast<float>(y) + 0.5F - paint_.gradientY) * gradientPerPixel_;
     gradientY2_ = down * down;
     int const words = body.words();
     for (int i = 0; i < words; ++i)
@@ -139,23 +141,18 @@ std::uint32_t const* RowPainter::paintRow(
     rimBefore_ = 0;
     int const blocks = body.stride() / blockSize;
     int const painted = blocks - 1;
-    auto const isTouched = [&](int block) {
-        return (touched_[static_cast<std::size_t>(block / 64)]
-                       >> (static_cast<unsigned>(block) % 64U)
-                   & 1U)
-            != 0;
-    };
     int block = 0;
+    int next = nextTouched(0, painted);
     while (block < blocks) {
         // The pads on either side only add up; within a wide rim no edge need pass.
-        if (block == 0 || block >= painted || isTouched(block) || std::fabs(rimBefore_) > nothing) {
+        if (block == 0 || block >= next || std::fabs(rimBefore_) > nothing) {
             paintEdges(block, edges);
             ++block;
+            if (block > next)
+                next = nextTouched(block, painted);
             continue;
         }
-        int end = block + 1;
-        while (end < painted && !isTouched(end))
-            ++end;
+        int const end = next;
         int const from = (block - 1) * blockSize;
         if (std::fabs(bodyBefore_) > 0.5F)
             paintInside(from, (end - 1) * blockSize);
@@ -164,6 +161,18 @@ std::uint32_t const* RowPainter::paintRow(
         block = end;
     }
     return pixels_.data() + overshoot;
+}
+
+int RowPainter::nextTouched(int block, int limit) const
+{
+    while (block < limit) {
+        auto const shift = static_cast<unsigned>(block) % 64U;
+        std::uint64_t const rest = touched_[static_cast<std::size_t>(block / 64)] >> shift;
+        if (rest != 0)
+            return std::min(block + std::countr_zero(rest), limit);
+        block = (block / 64 + 1) * 64;
+    }
+    return limit;
 }
 
 void RowPainter::paintBackdrop(int from, int end)
@@ -219,10 +228,9 @@ void RowPainter::expandHighlight(int from, int end)
 
 Lanes RowPainter::gradientPosition(int x) const
 {
-    float const perPixel = 1 / paint_.gradientRadius;
     Lanes const across
         = (splat(static_cast<float>(x) + 0.5F - paint_.gradientX) + lanes(0, 1, 2, 3))
-        * splat(perPixel);
+        * splat(gradientPerPixel_);
     return min(squareRoot(across * across + splat(gradientY2_)), splat(1));
 }
 

@@ -66,6 +66,8 @@ private:
     void combine(
         int row, SoftPlane const& glow, SoftPlane const& shadow, SoftPlane const& highlight);
     void interpolateRow(int y);
+    /// The first touched block from `block` on, or `limit`.
+    [[nodiscard]] int nextTouched(int block, int limit) const;
     void paintBackdrop(int from, int end);
     void paintInside(int from, int end);
     void paintEdges(int block, Edges const& edges);
@@ -75,6 +77,7 @@ private:
     CellGrid grid_;
     Paint paint_;
     int width_ = 0;
+    float gradientPerPixel_ = 1;
     float gradientY2_ = 0;
     float bodyBefore_ = 0;
     float rimBefore_ = 0;

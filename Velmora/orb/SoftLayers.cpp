@@ -34,17 +34,16 @@ void grow(Buffer& buffer, std::size_t size)
 CellGrid CellGrid::covering(int width, int height, double side, double overhang)
 {
     CellGrid grid;
-    // Small squares take cells of a 26th of the side. Large ones can afford finer steps: what a
-    // wide cell saves there is little beside the pixels themselves.
-    grid.cell
-        = std::clamp(static_cast<int>(side / 26 < 8 ? side / 26 : 8 + side / 1000), 1, maximumCell);
+    // Large squares can afford finer cells: they cost little beside the pixels themselves.
+    double const wanted = side < 240 ? side / 25 : side / 38;
+    grid.cell = std::clamp(static_cast<int>(wanted), 1, maximumCell);
     double const beyond = std::clamp(overhang / grid.cell, 0.0, 1.0 * maximumMargin);
     grid.margin = std::min(1 + static_cast<int>(std::ceil(beyond)), maximumMargin);
     int const blockSize = AreaRaster::blockSize;
     int const wholeWidth = (width + blockSize - 1) / blockSize * blockSize;
     grid.columns = (wholeWidth + grid.cell - 1) / grid.cell + 2 * grid.margin;
     grid.rows = (height + grid.cell - 1) / grid.cell + 2 * grid.margin;
-    grid.stride = (grid.columns + 3) / 4 * 4;
+    grid.stride = (grid.columns + 7) / 8 * 8;
     return grid;
 }
 
@@ -64,9 +63,9 @@ void BlurKernel::fit(double variance)
         weights[2] = static_cast<float>(outer);
         return;
     }
-    double const limit = maximumRadius / 3.2;
+    double const limit = maximumRadius / 3.0;
     double const deviation = std::min(std::sqrt(variance), limit);
-    radius = static_cast<int>(std::ceil(3.2 * deviation));
+    radius = static_cast<int>(std::ceil(3.0 * deviation));
     // Each weight is the one before times a ratio that itself shrinks by a constant factor.
     double const first = std::exp(-0.5 / (deviation * deviation));
     double const shrink = first * first;
@@ -128,14 +127,21 @@ void SoftPlane::blurRows(CellGrid const& grid)
     float* const line = line_.data() + radius;
     std::fill_n(line_.data(), radius, 0.0F);
     std::fill_n(line + stride_, radius, 0.0F);
+    float const* const weights = kernel_.weights;
     for (int y = raster_.firstRow(); y < raster_.endRow(); ++y) {
         resolveRow(y, line);
         float* const out = across_.data() + area(grid.stride, y);
-        for (int x = 0; x < stride_; x += 4) {
-            Lanes sum = splat(kernel_.weights[0]) * load(line + x);
-            for (int i = 1; i <= radius; ++i)
-                sum = sum + splat(kernel_.weights[i]) * (load(line + x - i) + load(line + x + i));
-            store(out + x, sum);
+        for (int x = 0; x < stride_; x += 8) {
+            Lanes const center = splat(weights[0]);
+            Lanes left = center * load(line + x);
+            Lanes right = center * load(line + x + 4);
+            for (int i = 1; i <= radius; ++i) {
+                Lanes const weight = splat(weights[i]);
+                left = left + weight * (load(line + x - i) + load(line + x + i));
+                right = right + weight * (load(line + x + 4 - i) + load(line + x + 4 + i));
+            }
+            store(out + x, left);
+            store(out + x + 4, right);
         }
     }
 }
@@ -147,18 +153,36 @@ void SoftPlane::blurColumns(CellGrid const& grid)
     int const end = raster_.endRow();
     for (int y = 0; y < grid.rows; ++y) {
         float* const out = plane_.data() + area(stride_, y);
-        std::fill_n(out, stride_, 0.0F);
         int const from = std::max(first, y - radius);
         int const to = std::min(end, y + radius + 1);
-        for (int x = 0; from < to && x < stride_; x += 4) {
-            Lanes sum = splat(0);
-            for (int row = from; row < to; ++row) {
-                float const* const in = across_.data() + area(stride_, row) + x;
-                sum = sum + splat(kernel_.weights[std::abs(row - y)]) * load(in);
-            }
-            store(out + x, sum);
+        if (from >= to) {
+            std::fill_n(out, stride_, 0.0F);
+            continue;
         }
+        for (int x = 0; x < stride_; x += 8)
+            sumColumns(out + x, x, y, from, to);
     }
+}
+
+void SoftPlane::sumColumns(float* out, int x, int y, int from, int to) const
+{
+    float const* in = across_.data() + area(stride_, from) + x;
+    Lanes left = splat(0);
+    Lanes right = splat(0);
+    auto const addRow = [&](float share) {
+        Lanes const weight = splat(share);
+        left = left + weight * load(in);
+        right = right + weight * load(in + 4);
+        in += stride_;
+    };
+    float const* const weights = kernel_.weights;
+    int row = from;
+    for (; row < std::min(y, to); ++row)
+        addRow(weights[y - row]);
+    for (; row < to; ++row)
+        addRow(weights[row - y]);
+    store(out, left);
+    store(out + 4, right);
 }
 
 } // namespace velmora

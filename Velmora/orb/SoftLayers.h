@@ -68,6 +68,7 @@ private:
     void resolveRow(int y, float* line);
     void blurRows(CellGrid const& grid);
     void blurColumns(CellGrid const& grid);
+    void sumColumns(float* out, int x, int y, int from, int to) const;
 
     AreaRaster raster_;
     BlurKernel kernel_;

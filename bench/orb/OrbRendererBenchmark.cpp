@@ -1,0 +1,114 @@
+#include "tests/orb/ReferenceRenderer.h"
+
+#include "Velmora/orb/OrbRenderer.h"
+
+#include <benchmark/benchmark.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::atomic<long> allocations = 0;
+
+} // namespace
+
+// Counts what the renderer asks for; the memory itself comes from the C library.
+void* operator new(std::size_t size)
+{
+    ++allocations;
+    if (void* const memory = std::malloc(size == 0 ? 1 : size))
+        return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace velmora {
+namespace {
+
+constexpr double now = 800000002.25;
+
+double microsecondsOf(int rounds, auto const& work)
+{
+    auto const start = std::chrono::steady_clock::now();
+    for (int i = 0; i < rounds; ++i)
+        work();
+    std::chrono::duration<double, std::micro> const passed
+        = std::chrono::steady_clock::now() - start;
+    return passed.count() / rounds;
+}
+
+void drawFrames(benchmark::State& run, OrbState state, double size, double scale)
+{
+    state.widgetSize = size;
+    int const side = static_cast<int>(size * scale);
+    std::vector<std::uint32_t> pixels(
+        static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
+    PixelTarget const target = {.bytes = reinterpret_cast<std::uint8_t*>(pixels.data()),
+        .width = side,
+        .height = side,
+        .stride = std::ptrdiff_t{4} * side,
+        .scale = scale};
+    OrbRenderer renderer;
+    OrbFrame const frame = orbFrame(state, now);
+    renderer.render(frame, target);
+    long const before = allocations;
+    for (auto _ : run)
+        renderer.render(frame, target);
+    run.counters["allocations"] = static_cast<double>(allocations - before);
+    double const one = microsecondsOf(50, [&] { renderer.render(frame, target); });
+    double const fill = microsecondsOf(200, [&] {
+        std::memset(pixels.data(), 1, pixels.size() * 4);
+        benchmark::ClobberMemory();
+    });
+    double const slow = microsecondsOf(
+        1, [&] { benchmark::DoNotOptimize(referencePicture(frame, side, side, scale)); });
+    run.counters["x_memset"] = one / fill;
+    run.counters["x_reference"] = one / slow;
+}
+
+void registerAll()
+{
+    struct Look {
+        char const* name;
+        OrbState state;
+    };
+    Look const looks[] = {{"idle", {}}, {"reminding", {.isReminding = true}},
+        {"paused", {.paused = true}}, {"still", {.reduceMotion = true}}};
+    for (Look const& look : looks) {
+        for (double size : {72.0, 128.0, 316.0}) {
+            for (double scale : {1.0, 2.0}) {
+                std::string const name = std::string(look.name) + "/"
+                    + std::to_string(static_cast<int>(size)) + "@"
+                    + std::to_string(static_cast<int>(scale));
+                benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& run) {
+                    drawFrames(run, look.state, size, scale);
+                })->Unit(benchmark::kMicrosecond);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace velmora
+
+int main(int argumentCount, char** arguments)
+{
+    velmora::registerAll();
+    benchmark::Initialize(&argumentCount, arguments);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
