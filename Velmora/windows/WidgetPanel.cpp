@@ -105,8 +105,7 @@ void WidgetPanel::announceLater()
         this,
         [this] {
             m_announcing = false;
-            WidgetAccessible::announce(
-                *this, std::exchange(m_announced, m_view.accessibleValue()));
+            WidgetAccessible::announce(*this, std::exchange(m_announced, m_view.accessibleValue()));
         },
         Qt::QueuedConnection);
 }
