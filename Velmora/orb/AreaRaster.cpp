@@ -120,7 +120,9 @@ void AreaRaster::touch(int y, int firstColumn, int lastColumn)
 {
     std::uint64_t* const words = touched(y);
     unsigned const end = static_cast<unsigned>(lastColumn) / blockSize;
-    for (unsigned block = static_cast<unsigned>(firstColumn) / blockSize; block <= end; ++block)
+    unsigned block = static_cast<unsigned>(firstColumn) / blockSize;
+    words[end / bitsPerWord] |= std::uint64_t{1} << (end % bitsPerWord);
+    for (; block < end; ++block)
         words[block / bitsPerWord] |= std::uint64_t{1} << (block % bitsPerWord);
 }
 

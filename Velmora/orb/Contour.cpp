@@ -29,9 +29,8 @@ struct Polynomial {
 
 void Contour::fit(double phase, double side)
 {
-    // A chord of an arc strays from it with the square of its length: this many pieces keep the
-    // chain within a few hundredths of a pixel.
-    int const pieces = std::clamp(4 + static_cast<int>(1.2 * std::sqrt(side)), 3, maximumPieces);
+    // Enough that the chords stray from the curve by a small part of a pixel.
+    int const pieces = std::min(9 + static_cast<int>(0.06 * side), maximumPieces);
     float const step = 1.0F / static_cast<float>(pieces);
     BlobOutline const outline
         = organicBlobOutline({.x = -0.5, .y = -0.5, .width = 1, .height = 1}, phase);

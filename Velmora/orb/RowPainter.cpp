@@ -20,6 +20,14 @@ void grow(Buffer& buffer, int size)
         buffer.resize(static_cast<std::size_t>(size));
 }
 
+/// What a stop adds to the one before it, over half of the gradient.
+LevelColor slope(LevelColor const& from, LevelColor const& to)
+{
+    return {.red = 2 * (to.red - from.red),
+        .green = 2 * (to.green - from.green),
+        .blue = 2 * (to.blue - from.blue)};
+}
+
 /// `top` over `bottom`, with `coverage` of `top`.
 Lanes over(Lanes bottom, Lanes top, Lanes coverage)
 {
@@ -35,6 +43,8 @@ void RowPainter::begin(CellGrid const& grid, int width, Paint const& paint, Soft
     paint_ = paint;
     width_ = width;
     gradientPerPixel_ = 1 / paint.gradientRadius;
+    paint_.stops[1] = slope(paint.stops[0], paint.stops[1]);
+    paint_.stops[2] = slope(paint.stops[1], paint.stops[2]);
     grow(fields_, grid.stride * grid.rows * 4);
     grow(backdrop_, grid.stride * grid.rows * 4);
     grow(fieldRow_, grid.stride * 4 + 4);
@@ -107,7 +117,7 @@ void RowPainter::combine(
     }
 }
 
-void RowPainter::interpolateRow(int y)
+void RowPainter::interpolateRow(int y, bool withFields)
 {
     int const shifted = y - grid_.cell / 2 + grid_.margin * grid_.cell;
     int const row = shifted / grid_.cell;
@@ -115,18 +125,21 @@ void RowPainter::interpolateRow(int y)
     Lanes const share = splat(offset / static_cast<float>(grid_.cell));
     std::size_t const length = static_cast<std::size_t>(grid_.stride) * 4;
     std::size_t const at = static_cast<std::size_t>(row) * length;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(grid_.columns) * 4; i += 4) {
-        Lanes const field = load(&fields_[at + i]);
-        store(&fieldRow_[i], over(field, load(&fields_[at + length + i]), share));
-        Lanes const pixel = load(&backdrop_[at + i]);
-        store(&backdropRow_[i], over(pixel, load(&backdrop_[at + length + i]), share));
-    }
+    auto const mix = [&](std::vector<float> const& grid, std::vector<float>& out) {
+        float const* const above = grid.data() + at;
+        float const* const below = above + length;
+        for (int i = 0; i < grid_.columns * 4; i += 4)
+            store(out.data() + i, over(load(above + i), load(below + i), share));
+    };
+    mix(backdrop_, backdropRow_);
+    // Above and below the orb the composed cells are all that a row needs.
+    if (withFields)
+        mix(fields_, fieldRow_);
 }
 
 std::uint32_t const* RowPainter::paintRow(
     int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring)
 {
-    interpolateRow(y);
     float const down = (static_cast<float>(y) + 0.5F - paint_.gradientY) * gradientPerPixel_;
     gradientY2_ = down * down;
     int const words = body.words();
@@ -136,6 +149,7 @@ std::uint32_t const* RowPainter::paintRow(
         ring->mark(y, touched_.data());
     std::fill_n(body.touched(y), words, std::uint64_t{0});
     std::fill_n(rim.touched(y), words, std::uint64_t{0});
+    interpolateRow(y, nextTouched(0, body.stride() / blockSize) < body.stride() / blockSize);
     Edges const edges = {.body = body.row(y), .rim = rim.row(y), .ring = ring, .y = y};
     bodyBefore_ = 0;
     rimBefore_ = 0;
@@ -244,8 +258,8 @@ struct Channel {
 
     Channel(float a, float b, float c)
         : first(splat(a))
-        , toSecond(splat(2 * (b - a)))
-        , toThird(splat(2 * (c - b)))
+        , toSecond(splat(b))
+        , toThird(splat(c))
     {
     }
 

@@ -65,7 +65,7 @@ private:
     void placeColumns(int width);
     void combine(
         int row, SoftPlane const& glow, SoftPlane const& shadow, SoftPlane const& highlight);
-    void interpolateRow(int y);
+    void interpolateRow(int y, bool withFields);
     /// The first touched block from `block` on, or `limit`.
     [[nodiscard]] int nextTouched(int block, int limit) const;
     void paintBackdrop(int from, int end);
