@@ -79,6 +79,18 @@ def test_on_a_low_display_it_scrolls_to_the_actions():
         assert program.wait(5) == 0
 
 
+def test_at_one_and_a_half_times_the_text_size_it_fits_and_reaches_its_actions():
+    with Desktop(environment={"QT_FONT_DPI": "144"}) as desktop:
+        program = desktop.run()
+        form = SettingsForm.open(desktop, program)
+        wait_for(lambda: form.window().place.width == WIDTH * 3 // 2, 3, "a panel for large text")
+        wait_for(lambda: inside(form, desktop)[1] + inside(form, desktop)[3]
+                 == pytest.approx(KEPT_FREE * 1.5, abs=2), 3, "the panel inside the display")
+        form.tab_to("Quit")
+        desktop.pointer.key("Return")
+        assert program.wait(5) == 0
+
+
 def test_it_is_a_managed_window_on_every_desktop_above_the_others(desktop: Desktop):
     form = SettingsForm.open(desktop, desktop.run())
     window = form.window()
