@@ -9,7 +9,9 @@
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QLayout>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
@@ -160,7 +162,12 @@ void SettingsPanel::displaysChanged()
     if (!isVisible())
         return;
     fitSettingsPanel();
-    positionSettings();
+    QRect const frame(pos(), size().grownBy(m_frame));
+    auto const screens = QGuiApplication::screens();
+    bool const whole = std::ranges::any_of(screens,
+        [&](QScreen const* screen) { return screen->availableGeometry().contains(frame); });
+    if (!whole)
+        positionSettings();
 }
 
 bool SettingsPanel::eventFilter(QObject* watched, QEvent* event)

@@ -53,7 +53,8 @@ public:
     /// Puts the panel beside the orb.
     void positionSettings();
 
-    /// Reads the displays' limits again and keeps the panel inside them.
+    /// Reads the displays' limits again. A panel that no display shows whole any more goes back to
+    /// its place beside the orb.
     void displaysChanged();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

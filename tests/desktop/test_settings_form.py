@@ -93,6 +93,17 @@ def test_the_steppers_of_a_picker_take_clicks(form: SettingsForm, desktop: Deskt
     stored(form.program, "endMinutes", 22 * 60)
 
 
+@pytest.mark.parametrize(("locale", "start"), [("en_US.UTF-8", "8:00 AM"), ("de_DE.UTF-8", "08:00")])
+def test_times_are_written_as_people_write_them_there(locale: str, start: str):
+    with Desktop(environment={"LC_ALL": locale}) as desktop:
+        program = desktop.run()
+        form = SettingsForm.open(desktop, program)
+        assert form.control("From").text == start
+        form.control("All day").act("Toggle")
+        wait_for(lambda: [text for text in form.texts() if f"from {start} to" in text], 2,
+                 "the same form in the summary")
+
+
 def test_without_the_chime_there_is_no_volume_and_no_preview(form: SettingsForm):
     form.click("Gentle chime")
     stored(form.program, "soundEnabled", False)

@@ -250,6 +250,20 @@ TEST_F(SettingsPanelOnADesk, GrowingItDoesNotLeaveTheDisplayBelow)
     EXPECT_EQ(frame().y, 12);
 }
 
+TEST_F(SettingsPanelOnADesk, ADisplayThatChangesLeavesAPanelThatIsWholeWhereItIs)
+{
+    giveDisplay(600);
+    open();
+    panel().move(30, 40);
+    panel().displaysChanged();
+    EXPECT_EQ(panel().pos(), QPoint(30, 40));
+
+    panel().move(30, QApplication::primaryScreen()->geometry().bottom() - 100);
+    panel().displaysChanged();
+    EXPECT_EQ(frame().maxX(), 500 - 16);
+    EXPECT_GE(frame().minY(), 0);
+}
+
 TEST_F(SettingsPanelOnADesk, ADarkDesktopDoesNotDarkenIt)
 {
     open();
