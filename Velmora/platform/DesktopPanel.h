@@ -26,6 +26,10 @@ public:
     /// know no outline; the others need not do anything.
     virtual void setIgnoresPointer(bool ignores) = 0;
 
+    /// Shows the system's own cursor for resizing at a window's lower right corner, where it has
+    /// one that the toolkit does not know, for as long as the toolkit shows its own in that place.
+    virtual void showResizeCursor() = 0;
+
     /// The window takes the pointer inside these rectangles and nowhere else. While nothing blends
     /// windows with what lies behind them, they also bound what of the window is visible. To be
     /// called again whenever the window's size or its scale has changed.

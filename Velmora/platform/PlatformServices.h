@@ -46,6 +46,8 @@ public:
         std::function<void()> willSleep;
         std::function<void()> didWake;
         std::function<void(bool locked)> sessionLocked;
+        /// The displays may have changed, over what the toolkit has noticed.
+        std::function<void()> displaysChanged;
         /// The desktop has a place for the status item, or has lost it.
         std::function<void(bool available)> trayAvailable;
         /// The panel wants symbols in this colour; absent when it does not tell.
@@ -79,8 +81,8 @@ public:
     /// none.
     [[nodiscard]] virtual std::vector<std::uint32_t> statusSymbol(int side) const = 0;
 
-    /// Tells these from now on, for as long as this object lives. To be called once, before the
-    /// event loop runs.
+    /// Tells these from now on, and what holds already at once, for as long as this object lives.
+    /// To be called once, before the event loop runs.
     virtual void listen(Events const& events) = 0;
 };
 

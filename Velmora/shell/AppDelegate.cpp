@@ -79,9 +79,11 @@ void AppDelegate::fitStoredSizeToMainScreen()
 
 void AppDelegate::setupStatusItem()
 {
-    m_statusItem = std::make_unique<StatusItem>(m_seams.model);
+    m_statusItem = std::make_unique<StatusItem>(m_seams.model, m_seams.statusSymbol);
     m_statusItem->setInk(m_trayInk);
     connect(m_statusItem.get(), &StatusItem::quit, this, &AppDelegate::terminate);
+    if (m_trayAvailable)
+        m_statusItem->show();
 }
 
 void AppDelegate::setupWidgetPanel()
@@ -195,8 +197,15 @@ void AppDelegate::sessionLocked(bool locked)
         m_widgetPanel->frameClock().set(FrameClock::Unseen::sessionLocked, locked);
 }
 
+void AppDelegate::displaysChanged()
+{
+    m_seams.displays.disturb();
+}
+
 void AppDelegate::trayAvailable(bool available)
 {
+    // The news may come before there is anything to show.
+    m_trayAvailable = available;
     if (m_statusItem && available) {
         m_statusItem->show();
         m_statusItem->refresh();

@@ -3,6 +3,7 @@
 #include "Velmora/geometry/SettingsPlacement.h"
 #include "Velmora/platform/FocusRequest.h"
 #include "Velmora/platform/posix/InstanceLock.h"
+#include "Velmora/shell/StatusImage.h"
 
 #include <QColor>
 #include <QObject>
@@ -43,6 +44,8 @@ public:
         DesktopPanel& desktopPanel;
         DesktopWindow& desktopWindow;
         DisplayPower& displayPower;
+        /// The system's own picture for the status item; see `PlatformServices`.
+        StatusSymbol statusSymbol;
         /// The user's form of an hour and a minute, such as "h:mm AP".
         QString timeFormat;
     };
@@ -72,6 +75,8 @@ public:
 
     /// The session was locked or unlocked: a locked one sees no frames.
     void sessionLocked(bool locked);
+    /// The displays may have changed: looks at them once they have settled.
+    void displaysChanged();
     /// The desktop has a place for the status item, or has lost it.
     void trayAvailable(bool available);
     /// The panel wants its symbols in this colour; absent when it does not tell.
@@ -92,6 +97,7 @@ private:
     void screenParametersChanged();
 
     std::shared_ptr<InstanceLock> m_instanceLock;
+    bool m_trayAvailable = false;
     std::optional<QColor> m_trayInk;
     Seams m_seams;
     std::unique_ptr<WidgetView> m_widgetView;

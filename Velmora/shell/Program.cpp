@@ -73,6 +73,7 @@ int runProgram(int argc, char** argv, Launch launch)
             .desktopPanel = system->desktopPanel(),
             .desktopWindow = system->desktopWindow(),
             .displayPower = system->displayPower(),
+            .statusSymbol = [&system](int side) { return system->statusSymbol(side); },
             .timeFormat = calendar.timeFormat()});
 
     observeSystem(*system, delegate);

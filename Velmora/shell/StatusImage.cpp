@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include <algorithm>
+
 namespace velmora {
 
 namespace {
@@ -30,6 +32,17 @@ void fillCircle(QPainter& painter, QColor const& colour, double insetBy)
     painter.drawEllipse(inset(insetBy));
 }
 
+QPixmap pixmapOf(std::vector<std::uint32_t> const& pixels, int side)
+{
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    auto const width = static_cast<std::size_t>(side);
+    for (int y = 0; y < side; ++y) {
+        std::copy_n(pixels.begin() + static_cast<std::ptrdiff_t>(y) * side, width,
+            reinterpret_cast<std::uint32_t*>(image.scanLine(y)));
+    }
+    return QPixmap::fromImage(image);
+}
+
 } // namespace
 
 QPixmap statusPixmap(int side, std::optional<QColor> const& ink)
@@ -49,11 +62,14 @@ QPixmap statusPixmap(int side, std::optional<QColor> const& ink)
     return pixmap;
 }
 
-QIcon statusImage(std::optional<QColor> const& ink)
+QIcon statusImage(std::optional<QColor> const& ink, StatusSymbol const& symbol)
 {
     QIcon icon;
-    for (int const side : {16, 18, 20, 22, 24, 32, 36, 44, 48, 64})
-        icon.addPixmap(statusPixmap(side, ink));
+    for (int const side : {16, 18, 20, 22, 24, 32, 36, 44, 48, 64}) {
+        auto const pixels = symbol(side);
+        icon.addPixmap(pixels.empty() ? statusPixmap(side, ink) : pixmapOf(pixels, side));
+    }
+    icon.setIsMask(true);
     return icon;
 }
 

@@ -5,10 +5,13 @@
 
 #include <QCursor>
 
+#include <utility>
+
 namespace velmora {
 
-StatusItem::StatusItem(AppModel& model)
+StatusItem::StatusItem(AppModel& model, StatusSymbol symbol)
     : m_model(model)
+    , m_symbol(std::move(symbol))
 {
     m_statusRow = m_menu.addAction(QString());
     m_statusRow->setEnabled(false);
@@ -43,7 +46,7 @@ void StatusItem::show()
 {
     if (m_icon)
         return;
-    m_icon = std::make_unique<QSystemTrayIcon>(statusImage(m_ink));
+    m_icon = std::make_unique<QSystemTrayIcon>(statusImage(m_ink, m_symbol));
     m_icon->setToolTip(QStringLiteral("Velmora"));
     m_icon->setContextMenu(&m_menu);
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
@@ -58,7 +61,7 @@ void StatusItem::setInk(std::optional<QColor> const& ink)
 {
     m_ink = ink;
     if (m_icon)
-        m_icon->setIcon(statusImage(m_ink));
+        m_icon->setIcon(statusImage(m_ink, m_symbol));
 }
 
 void StatusItem::refresh()

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Velmora/shell/StatusImage.h"
 #include <QColor>
+
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
@@ -17,7 +19,7 @@ class StatusItem final : public QObject {
     Q_OBJECT
 
 public:
-    explicit StatusItem(AppModel& model);
+    StatusItem(AppModel& model, StatusSymbol symbol);
     ~StatusItem() override;
 
     /// Puts the icon into the panel. Call it once a panel is there to take it: the toolkit decides
@@ -39,6 +41,7 @@ private:
     QAction* addRow(QString const& title, QKeySequence const& shortcut);
 
     AppModel& m_model;
+    StatusSymbol m_symbol;
     std::optional<QColor> m_ink;
     QMenu m_menu;
     QAction* m_statusRow = nullptr;

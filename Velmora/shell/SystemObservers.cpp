@@ -47,6 +47,7 @@ void observeSystem(PlatformServices& system, AppDelegate& delegate)
         .willSleep = call(&AppDelegate::willSleep),
         .didWake = call(&AppDelegate::didWake),
         .sessionLocked = call(&AppDelegate::sessionLocked),
+        .displaysChanged = call(&AppDelegate::displaysChanged),
         .trayAvailable = call(&AppDelegate::trayAvailable),
         .statusInkChanged =
             [to](std::optional<StatusInk> const& ink) {

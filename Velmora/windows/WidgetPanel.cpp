@@ -217,10 +217,12 @@ void WidgetPanel::orderFrontRegardless()
 
 void WidgetPanel::setCursorFor(GripCursor cursor)
 {
-    if (cursor == GripCursor::resize)
+    if (cursor == GripCursor::resize) {
         setCursor(Qt::SizeFDiagCursor);
-    else
+        m_seams.desktop.showResizeCursor();
+    } else {
         unsetCursor();
+    }
 }
 
 } // namespace velmora

@@ -69,6 +69,15 @@ TEST_F(WidgetPanelPointer, FollowsThePanelToItsNewPlace)
     EXPECT_TRUE(m_model.pointerInside());
 }
 
+TEST_F(WidgetPanelPointer, AsksForTheResizeCursorOnceOverTheGrip)
+{
+    pointerAt(360, 260);
+    EXPECT_EQ(m_desktop.resizeCursors, 0);
+    pointerAt(410, 210);
+    pointerAt(411, 210);
+    EXPECT_EQ(m_desktop.resizeCursors, 1);
+}
+
 TEST_F(WidgetPanelPointer, TellsTheDesktopAfterEachShowing)
 {
     m_panel.orderFrontRegardless();

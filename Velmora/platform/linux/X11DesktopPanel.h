@@ -29,6 +29,7 @@ public:
     void adopt(std::uintptr_t window) override;
     void shown() override { }
     void setIgnoresPointer(bool /*ignores*/) override { }
+    void showResizeCursor() override { }
     void setOutline(std::span<PixelRect const> outline) override;
     [[nodiscard]] bool translucent() const override { return m_translucent; }
 

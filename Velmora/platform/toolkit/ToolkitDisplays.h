@@ -20,6 +20,9 @@ public:
     [[nodiscard]] std::vector<Display> all() const override;
     [[nodiscard]] std::optional<DisplayId> main() const override;
 
+    /// The displays may have changed: `settled` follows, once they have.
+    void disturb();
+
     /// The toolkit's screen of a display, or none when it has gone.
     [[nodiscard]] static QScreen* screen(std::optional<DisplayId> id);
     /// The display of a toolkit screen; absent for no screen.
@@ -35,7 +38,6 @@ Q_SIGNALS:
 
 private:
     void watch(QScreen* screen);
-    void disturb();
 
     QTimer m_quiet;
 };

@@ -1,0 +1,25 @@
+#include "Velmora/platform/macos/AppKitDesktopWindow.h"
+
+#import <AppKit/AppKit.h>
+
+namespace velmora {
+
+void AppKitDesktopWindow::joinEveryDesktop(std::uintptr_t window)
+{
+    NSWindow* const settings = [reinterpret_cast<NSView*>(window) window];
+    [settings setTitlebarAppearsTransparent:YES];
+    [settings setTitleVisibility:NSWindowTitleHidden];
+    [settings setTitlebarSeparatorStyle:NSTitlebarSeparatorStyleNone];
+    [settings setBackgroundColor:[NSColor colorWithSRGBRed:0.93 green:0.94 blue:0.90 alpha:1.0]];
+    [settings setAppearance:[NSAppearance appearanceNamed:NSAppearanceNameAqua]];
+    [settings setLevel:NSFloatingWindowLevel];
+    [settings setCollectionBehavior:NSWindowCollectionBehaviorCanJoinAllSpaces |
+              NSWindowCollectionBehaviorFullScreenAuxiliary];
+    [settings setHidesOnDeactivate:NO];
+    [settings setRestorable:NO];
+    [settings setAnimationBehavior:NSWindowAnimationBehaviorNone];
+    // The toolkit was told not to do this of its own accord.
+    [NSApp activateIgnoringOtherApps:YES];
+}
+
+} // namespace velmora

@@ -1,0 +1,77 @@
+#import <Foundation/Foundation.h>
+
+#include "Velmora/platform/macos/DistributedFocus.h"
+
+#include "Velmora/platform/macos/FocusUserInfo.h"
+#include "Velmora/platform/macos/FoundationText.h"
+
+#include <utility>
+
+namespace {
+
+using velmora::FocusUserInfo;
+
+/// The system's two booleans are single objects; a number of the same value is none of them.
+std::optional<bool> boolean(id object)
+{
+    NSNumber* const yes = [NSNumber numberWithBool:YES];
+    NSNumber* const no = [NSNumber numberWithBool:NO];
+    return object == yes || object == no ? std::optional(object == yes) : std::nullopt;
+}
+
+} // namespace
+
+@interface VelmoraFocusListener : NSObject {
+@public
+    std::function<void(velmora::FocusRequest const&)> requested;
+}
+- (void)receive:(NSNotification*)notification;
+@end
+
+@implementation VelmoraFocusListener
+- (void)receive:(NSNotification*)notification
+{
+    NSDictionary* const info = [notification userInfo];
+    requested(velmora::focusRequest(FocusUserInfo{
+        .settings = boolean([info objectForKey:velmora::text(FocusUserInfo::settingsKey)]),
+        .preview = boolean([info objectForKey:velmora::text(FocusUserInfo::previewKey)])}));
+}
+@end
+
+namespace velmora {
+
+void postFocusRequest(FocusRequest const& request)
+{
+    @autoreleasepool {
+        NSDictionary* const info = [NSDictionary
+            dictionaryWithObjectsAndKeys:[NSNumber numberWithBool:request.settings],
+            text(FocusUserInfo::settingsKey), [NSNumber numberWithBool:request.preview],
+            text(FocusUserInfo::previewKey), nil];
+        [[NSDistributedNotificationCenter defaultCenter]
+            postNotificationName:text(FocusUserInfo::name)
+                          object:nil
+                        userInfo:info
+              deliverImmediately:YES];
+    }
+}
+
+DistributedFocus::DistributedFocus(std::function<void(FocusRequest const&)> requested)
+    : m_listener([[VelmoraFocusListener alloc] init])
+{
+    m_listener->requested = std::move(requested);
+    // Anything less is held back while the program is not the active one, which is nearly always.
+    [[NSDistributedNotificationCenter defaultCenter]
+               addObserver:m_listener
+                  selector:@selector(receive:)
+                      name:text(FocusUserInfo::name)
+                    object:nil
+        suspensionBehavior:NSNotificationSuspensionBehaviorDeliverImmediately];
+}
+
+DistributedFocus::~DistributedFocus()
+{
+    [[NSDistributedNotificationCenter defaultCenter] removeObserver:m_listener];
+    [m_listener release];
+}
+
+} // namespace velmora
