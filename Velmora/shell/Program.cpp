@@ -12,8 +12,10 @@
 #include "Velmora/shell/AppDelegate.h"
 #include "Velmora/shell/SaveAtExit.h"
 #include "Velmora/shell/SystemObservers.h"
+#include "Velmora/shell/Translations.h"
 
 #include <QApplication>
+#include <QLocale>
 
 #include <unistd.h>
 
@@ -51,11 +53,13 @@ int runProgram(int argc, char** argv, Launch launch)
     SystemClock const clock;
     LocalCalendar const calendar;
     ToolkitDisplays displays;
+    Translations const translations(system->resources(), QLocale::system().uiLanguages());
     StandardErrorStream standardError;
     ChimePlayer chime(system->resources(), system->sound(), standardError);
     SpawnedProcess processes;
     LoginItem loginItem(system->loginService(), processes,
-        {.home = launch.home, .user = getuid(), .bundle = system->bundle()});
+        {.home = launch.home, .user = getuid(), .bundle = system->bundle()},
+        Translations::loginPhrases());
 
     AppModel model({.clock = clock,
         .calendar = calendar,
@@ -63,7 +67,8 @@ int runProgram(int argc, char** argv, Launch launch)
         .motion = system->motion(),
         .defaults = system->defaults(),
         .chime = chime,
-        .loginItem = loginItem});
+        .loginItem = loginItem,
+        .phrases = Translations::statusPhrases()});
     AppDelegate delegate(std::move(launch.lock),
         {.model = model,
             .clock = clock,
