@@ -15,6 +15,7 @@
 #include "Velmora/shell/Translations.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLocale>
 
 #include <unistd.h>
@@ -25,6 +26,15 @@ namespace velmora {
 
 namespace {
 
+/// The icon that panels and switchers show where they do not find the installed one.
+QIcon windowIcon()
+{
+    QIcon icon;
+    for (int const side : {16, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/icons/com.local.velmora-%1.png").arg(side));
+    return icon;
+}
+
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
 {
     auto application = std::make_unique<QApplication>(argc, argv);
@@ -33,6 +43,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("com.local.velmora"));
     QApplication::setApplicationVersion(QStringLiteral(VELMORA_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(windowIcon());
     return application;
 }
 
