@@ -20,7 +20,7 @@ packages_desktop=(
 # To run the tests.
 packages_test=(
     libgtest-dev libbenchmark-dev python3 python3-pytest
-    xvfb locales desktop-file-utils wmctrl
+    xvfb locales appstream desktop-file-utils wmctrl
 )
 # To check the sources.
 packages_lint=(clang clang-format clang-tidy clazy cppcheck shellcheck)
