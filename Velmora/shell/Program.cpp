@@ -20,6 +20,7 @@
 
 #include <unistd.h>
 
+#include <system_error>
 #include <utility>
 
 namespace velmora {
@@ -47,9 +48,11 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
     return application;
 }
 
+/// Where the program lies, byte for byte, also where the bytes are no text.
 std::filesystem::path programPath()
 {
-    return QCoreApplication::applicationFilePath().toStdString();
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error);
 }
 
 } // namespace

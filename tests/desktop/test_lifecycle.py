@@ -3,14 +3,15 @@
 import signal
 import subprocess
 import time
+from pathlib import Path
 
 import pytest
-from gi.repository import GLib
 
 from harness import Desktop, Head, wait_for, watch
+from harness.processes import ProcessId
 
-INHIBITOR = ("org.freedesktop.login1", "/org/freedesktop/login1",
-             "org.freedesktop.login1.Manager", "ListInhibitors")
+INHIBITORS = ("org.freedesktop.login1", "/org/freedesktop/login1",
+              "org.freedesktop.login1.Manager", "ListInhibitors")
 
 
 @pytest.fixture
@@ -93,8 +94,22 @@ def test_the_program_goes_on_where_it_was_ended(plain):
     program.kill()
 
 
-def inhibitors(desktop) -> list[str]:
-    return [entry[1] for entry in desktop.system_bus.call(*INHIBITOR)[0]]
+def held_back(desktop) -> list[tuple]:
+    """What keeps the machine from sleeping at once, as far as it is the program."""
+    return [entry[:4:3] for entry in desktop.system_bus.call(*INHIBITORS)[0] if entry[1] == "Velmora"]
+
+
+def test_the_machine_waits_for_the_save_and_no_longer(plain):
+    program = plain.run()
+    program.wait_for_orb()
+    wait_for(lambda: held_back(plain) == [("sleep", "delay")], 3, "the machine held back")
+    plain.logind.going_to_sleep()
+    wait_for(lambda: not held_back(plain), 1, "the machine free to sleep")
+    assert "heldRemaining" in plain.settings.read()
+    plain.logind.woke_up()
+    wait_for(lambda: held_back(plain) == [("sleep", "delay")], 1, "the machine held back again")
+    assert program.stop() == 0
+    wait_for(lambda: not held_back(plain), 1, "the machine free after the end")
 
 
 def test_going_to_sleep_saves_at_once_and_waking_ticks_at_once(plain):
@@ -161,6 +176,24 @@ def test_without_a_login_manager_the_program_runs_and_saves():
         assert program.stop() == 0
         assert program.errors == ""
         assert "heldRemaining" in desktop.settings.read()
+
+
+def test_a_login_starts_it_and_a_logout_saves_and_ends_it(plain):
+    plain.settings.write(openAtLogin=True, heldRemaining=500.0)
+    program = plain.run()
+    program.wait_for_orb()
+    assert program.stop() == 0
+    before = plain.settings.read()["heldRemaining"]
+
+    plain.processes.start("session", ["xfce4-session"],
+                          environment={"XDG_CONFIG_DIRS": str(plain.folder)})
+    orb = wait_for(lambda: next((w for w in plain.x11.windows() if w.title == "Velmora"), None), 15,
+                   "the orb of the program that the session started")
+    process = ProcessId.of(orb.pid)
+    assert b"SESSION_MANAGER=" in Path(f"/proc/{orb.pid}/environ").read_bytes()
+    plain.processes.run(["xfce4-session-logout", "--logout", "--fast"])
+    wait_for(lambda: not process.alive(), 10, "the program to end with the session")
+    assert plain.settings.read()["heldRemaining"] < before
 
 
 def test_no_display_at_all_is_said_in_one_sentence():
