@@ -217,6 +217,13 @@ def test_a_tray_of_the_old_kind_gets_the_icon_and_both_clicks_open_the_menu():
             wait_for(lambda: not menu_of(program), 3, "the menu closed")
 
 
+def test_a_tray_of_the_old_kind_gets_the_icon_without_a_session_bus():
+    with Desktop(tray="xembed", session_bus=False) as desktop:
+        program = desktop.run()
+        wait_for(lambda: icon_in_tray(program), 10, "the icon in the tray")
+        assert program.stop() == 0 and program.errors == ""
+
+
 def test_the_icon_can_be_read_in_a_tray_that_tells_no_colours():
     with Desktop(tray="xembed") as desktop:
         program = desktop.run()

@@ -92,7 +92,9 @@ public:
         auto const tellInk
             = [&from, listener = events.statusInkChanged] { listener(statusInk(from.tray.ink())); };
         tell(from.tray, &TrayHost::inkChanged, tellInk);
+        // What is known already is told at once; the rest is news to come.
         tellInk();
+        events.trayAvailable(from.tray.available());
     }
 
 private:
