@@ -125,6 +125,12 @@ TEST_F(DesktopMotionTest, ValuesOfAnotherTypeAreNoWish)
     EXPECT_TRUE(eventually([&] { return portal.asked >= 2; }));
     portal.change("org.freedesktop.appearance", "color-scheme", 1U);
     EXPECT_FALSE(motion.reduceMotion());
+    // Only 1 is defined; the portal's own words for the rest are "no preference".
+    portal.change("org.freedesktop.appearance", "reduced-motion", 2U);
+    portal.change("org.gnome.desktop.interface", "enable-animations", false);
+    ASSERT_TRUE(eventually([&] { return motion.reduceMotion(); }));
+    portal.change("org.gnome.desktop.interface", "enable-animations", true);
+    EXPECT_TRUE(eventually([&] { return !motion.reduceMotion(); }));
 }
 
 TEST_F(DesktopMotionTest, FollowsTheXSettings)
