@@ -15,6 +15,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -54,7 +55,7 @@ SettingsPanel::SettingsPanel(Seams seams)
         Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint
             | Qt::WindowStaysOnTopHint)
     , m_seams(std::move(seams))
-    , m_view(new SettingsView(m_seams.model, m_seams.chime, m_seams.timeFormat))
+    , m_view(new SettingsView(m_seams.model, m_seams.chime, m_seams.timeFormat, this))
     , m_scroll(new QScrollArea(this))
 {
     QAccessible::installFactory(interfaceFor);
@@ -82,7 +83,7 @@ SettingsPanel::SettingsPanel(Seams seams)
 
     addShortcuts();
     connect(m_view, &SettingsView::quitRequested, this, &SettingsPanel::quitRequested);
-    QMetaObject::invokeMethod(this, &SettingsPanel::fitSettingsPanel, Qt::QueuedConnection);
+    fitSettingsPanel();
 }
 
 void SettingsPanel::addShortcuts()
@@ -176,7 +177,7 @@ bool SettingsPanel::eventFilter(QObject* watched, QEvent* event)
         learnFrame();
     if (watched == m_view && event->type() == QEvent::LayoutRequest && !m_followPending) {
         m_followPending = true;
-        QMetaObject::invokeMethod(this, &SettingsPanel::followForm, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, &SettingsPanel::followForm);
     }
     return QWidget::eventFilter(watched, event);
 }
