@@ -19,7 +19,7 @@ packages_desktop=(
 )
 # To run the tests.
 packages_test=(
-    libgtest-dev libbenchmark-dev python3 python3-pytest
+    libgtest-dev libbenchmark-dev python3 python3-pytest python3-pytest-xdist
     xvfb locales appstream desktop-file-utils wmctrl
 )
 # To check the sources.

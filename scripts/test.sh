@@ -17,13 +17,10 @@ for argument in "$@"; do
     esac
 done
 
+# Most of the time these tests wait for something to be seen, so one more runs than there are cores.
 desktop_tests() {
-    VELMORA_PROGRAM="$(velmora_program dev)" /usr/bin/python3 -m pytest tests/desktop \
-        -c tests/desktop/pytest.ini -m "$selection" --durations=10
-}
-
-velmora_program() {
-    find "$PWD/build/$1" -name velmora -type f -perm -u+x -print -quit
+    /usr/bin/python3 -m pytest tests/desktop -c tests/desktop/pytest.ini -m "$selection" \
+        --program build/dev/velmora --numprocesses "$(($(nproc) + 1))" --durations=10
 }
 
 install_packages "${packages_build[@]}" "${packages_run[@]}" "${packages_test[@]}" \

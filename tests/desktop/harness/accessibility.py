@@ -8,7 +8,7 @@ from gi.repository import Gio, GLib
 
 from .bus import Bus, call, connect
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 
 _LAUNCHERS = ("/usr/libexec/at-spi-bus-launcher", "/usr/lib/at-spi2-core/at-spi-bus-launcher")
 _REGISTRY = "org.a11y.atspi.Registry"
@@ -31,14 +31,14 @@ class Accessibility:
 
     def wait(self) -> None:
         """Returns when programs can register."""
-        wait_for(lambda: self._session_bus.owner("org.a11y.Bus"), 5, "the accessibility bus")
+        wait_for(lambda: self._session_bus.owner("org.a11y.Bus"), COMING_UP, "the accessibility bus")
 
     def close(self) -> None:
         """Leaves the accessibility bus."""
         if self._connection and not self._connection.is_closed():
             self._connection.close_sync(None)
 
-    def application(self, pid: int, bound: float = 5.0) -> "Accessible":
+    def application(self, pid: int, bound: float = 15.0) -> "Accessible":
         """The accessible application of a process; waits until it has registered."""
         return wait_for(lambda: self._find(pid), bound, f"process {pid} on the accessibility bus")
 

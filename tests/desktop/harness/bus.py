@@ -6,7 +6,7 @@ from pathlib import Path
 from gi.repository import Gio, GLib
 
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 
 # A bus without service folders: nothing is started behind a test's back.
 _CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -41,7 +41,7 @@ class Bus:
 
     def wait(self) -> None:
         """Returns when the bus takes connections."""
-        wait_for(self._socket.exists, 5, f"the {self._kind} bus")
+        wait_for(self._socket.exists, COMING_UP, f"the {self._kind} bus")
 
     @property
     def connection(self) -> Gio.DBusConnection:

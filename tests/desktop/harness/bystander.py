@@ -4,7 +4,7 @@ import subprocess
 from pathlib import Path
 
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 from .x11 import X11, Rectangle, Window
 
 _WINDOW = Path(__file__).with_name("letter_window.py")
@@ -24,8 +24,8 @@ class Bystander:
 
     def wait(self) -> Window:
         """Returns when the window is seen."""
-        wait_for(lambda: "drawn" in self.events(), 10, f"the window {self.title!r}")
-        return wait_for(self.window, 5, f"the window {self.title!r}")
+        wait_for(lambda: "drawn" in self.events(), COMING_UP, f"the window {self.title!r}")
+        return wait_for(self.window, COMING_UP, f"the window {self.title!r}")
 
     def window(self) -> Window | None:
         """The window as it is now."""

@@ -8,7 +8,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 
 _DUMMY_DRIVER = Path("/usr/lib/xorg/modules/drivers/dummy_drv.so")
 _TEST_INPUT_DRIVER = Path("/usr/lib/xorg/modules/input/inputtest_drv.so")
@@ -92,7 +92,7 @@ class DisplayServer:
 
     def wait(self) -> None:
         """Returns when every display of the desktop is plugged in."""
-        wait_for(lambda: Path(f"/tmp/.X11-unix/X{self.name[1:]}").exists(), 5, "the X server")
+        wait_for(lambda: Path(f"/tmp/.X11-unix/X{self.name[1:]}").exists(), COMING_UP, "the X server")
         for index, head in enumerate(self._heads):
             if index > 0:
                 self.plug(index, head)

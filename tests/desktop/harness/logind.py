@@ -4,7 +4,7 @@ from gi.repository import GLib
 
 from .bus import Bus
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 
 NAME = "org.freedesktop.login1"
 PATH = "/org/freedesktop/login1"
@@ -22,7 +22,7 @@ class Logind:
 
     def wait(self) -> None:
         """Returns when the login manager answers."""
-        wait_for(lambda: self._bus.owner(NAME), 10, "the login manager")
+        wait_for(lambda: self._bus.owner(NAME), COMING_UP, "the login manager")
 
     def going_to_sleep(self) -> None:
         """Announces that the machine is about to sleep."""

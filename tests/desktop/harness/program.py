@@ -45,7 +45,7 @@ class Program:
         self._errors = desktop.processes.log(f"velmora-{number}.stderr")
         with open(self._errors, "wb") as errors:
             self.process: subprocess.Popen = desktop.processes.start(
-                f"velmora-{number}", [str(found), *arguments],
+                f"velmora-{number}", [str(found.resolve()), *arguments],
                 environment={**desktop.for_programs, **passed_on, **(environment or {})}, stderr=errors)
         self._item: StatusItem | None = None
 

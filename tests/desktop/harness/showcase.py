@@ -16,8 +16,9 @@ from .x11 import Rectangle
 def _main() -> None:
     program_path, picture, arguments = Path(sys.argv[1]), Path(sys.argv[2]), sys.argv[3:]
     with Desktop() as desktop:
-        desktop.window("Notes", Rectangle(60, 70, 560, 420))
-        desktop.window("A letter from the garden", Rectangle(560, 380, 660, 380))
+        desktop.x11.paint_background((86, 108, 118))
+        desktop.window("Notes", Rectangle(90, 80, 560, 380))
+        desktop.window("A letter from the garden", Rectangle(520, 280, 640, 430))
         program = Program(desktop, "--preview", *arguments, path=program_path)
         program.wait_for_orb()
         wait_for(lambda: _reminds(desktop, program), 15, "the orb in its reminding palette")

@@ -11,7 +11,7 @@ from pathlib import Path
 import numpy
 
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 
 RATE = 48000
 _SILENCE = -120.0
@@ -38,7 +38,7 @@ class SoundServer:
 
     def wait(self) -> None:
         """Returns when the server takes connections."""
-        wait_for(self._socket.exists, 5, "the sound server")
+        wait_for(self._socket.exists, COMING_UP, "the sound server")
 
     def stop(self) -> None:
         """Ends the server; programs lose their connection."""
@@ -80,7 +80,7 @@ class SoundProbe:
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
         # Before the first samples arrive, a sound could be missed.
-        wait_for(self.seconds, 5, "the recorder to hear the sink")
+        wait_for(self.seconds, COMING_UP, "the recorder to hear the sink")
 
     def __enter__(self) -> "SoundProbe":
         return self

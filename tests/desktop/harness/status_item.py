@@ -28,7 +28,7 @@ class Row:
 class StatusItem:
     """The status item of one process."""
 
-    def __init__(self, bus: Bus, pid: int, bound: float = 5.0):
+    def __init__(self, bus: Bus, pid: int, bound: float = 15.0):
         """Waits until the panel knows an item of that process."""
         self._bus = bus
         self._name, self._path = wait_for(lambda: find(bus, pid), bound, "the status item")

@@ -6,7 +6,7 @@ from gi.repository import GLib
 
 from .bus import Bus
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 from .x11 import X11
 from .xfconf import Integer, write_channel
 
@@ -50,9 +50,9 @@ class Tray:
     def wait(self, x11: X11) -> None:
         """Returns when the host takes status items."""
         if self.kind == "panel":
-            wait_for(self.takes_status_items, 5, "the panel to take status items")
+            wait_for(self.takes_status_items, COMING_UP, "the panel to take status items")
         elif self.kind == "xembed":
-            wait_for(lambda: x11.selection_owner("_NET_SYSTEM_TRAY_S0"), 5, "the tray")
+            wait_for(lambda: x11.selection_owner("_NET_SYSTEM_TRAY_S0"), COMING_UP, "the tray")
 
     def takes_status_items(self) -> bool:
         """Whether a StatusNotifierItem host is registered at this moment."""

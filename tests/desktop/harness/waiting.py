@@ -8,6 +8,10 @@ from gi.repository import GLib
 
 T = TypeVar("T")
 
+# Seconds that a part of a desktop may take to come up on a machine busy with other things. That an
+# idle one takes under three in all is a test of its own.
+COMING_UP = 30.0
+
 
 class NotInTime(AssertionError):
     """What was waited for did not happen within its bound."""

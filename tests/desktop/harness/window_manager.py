@@ -4,7 +4,7 @@ import subprocess
 from dataclasses import dataclass, field
 
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 from .x11 import X11
 from .xfconf import SettingsStore, write_channel
 
@@ -58,16 +58,16 @@ class WindowManager:
     def composite(self, enabled: bool, x11: X11) -> None:
         """Turns compositing on or off while windows are open; only xfwm4 can."""
         self._store.set("xfwm4", "/general/use_compositing", "bool", str(enabled).lower())
-        wait_for(lambda: bool(x11.selection_owner("_NET_WM_CM_S0")) == enabled, 5,
+        wait_for(lambda: bool(x11.selection_owner("_NET_WM_CM_S0")) == enabled, COMING_UP,
                  f"compositing {'on' if enabled else 'off'}")
 
     def wait(self, x11: X11) -> None:
         """Returns when windows are managed and, where it composites, composited."""
         if not self.process:
             return
-        wait_for(lambda: self._manages(x11), 5, f"{self.name} to manage windows")
+        wait_for(lambda: self._manages(x11), COMING_UP, f"{self.name} to manage windows")
         if self.kind.composites:
-            wait_for(lambda: x11.selection_owner("_NET_WM_CM_S0"), 5, f"{self.name} to composite")
+            wait_for(lambda: x11.selection_owner("_NET_WM_CM_S0"), COMING_UP, f"{self.name} to composite")
 
     @staticmethod
     def _manages(x11: X11) -> bool:

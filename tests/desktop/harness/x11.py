@@ -4,7 +4,7 @@ import contextlib
 from dataclasses import dataclass
 
 import numpy
-from Xlib import X, display, error
+from Xlib import X, Xatom, display, error
 from Xlib.ext import shape
 
 
@@ -58,6 +58,18 @@ class X11:
         except error.BadWindow:
             return None
         return found.value if found else None
+
+    def paint_background(self, colour: tuple[int, int, int]) -> None:
+        """Gives the bare desktop a colour, red, green and blue of 0..255, while this connection lasts."""
+        pixmap = self.root.create_pixmap(1, 1, self.display.screen().root_depth)
+        red, green, blue = colour
+        pixmap.fill_rectangle(pixmap.create_gc(foreground=red << 16 | green << 8 | blue), 0, 0, 1, 1)
+        # Compositors paint what these properties name.
+        for name in ("_XROOTPMAP_ID", "ESETROOT_PMAP_ID"):
+            self.root.change_property(self.display.intern_atom(name), Xatom.PIXMAP, 32, [pixmap.id])
+        self.root.change_attributes(background_pixmap=pixmap)
+        self.root.clear_area()
+        self.display.sync()
 
     def work_area(self) -> Rectangle:
         """The part of the desktop that no panel covers."""

@@ -5,7 +5,7 @@ from xml.sax.saxutils import quoteattr
 
 from .bus import Bus
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 
 _STORE = "/usr/lib/x86_64-linux-gnu/xfce4/xfconf/xfconfd"
 
@@ -31,7 +31,7 @@ class SettingsStore:
 
     def wait(self) -> None:
         """Returns when settings can be read."""
-        wait_for(lambda: self._bus.owner("org.xfce.Xfconf"), 5, "the settings store")
+        wait_for(lambda: self._bus.owner("org.xfce.Xfconf"), COMING_UP, "the settings store")
 
     def set(self, channel: str, name: str, kind: str, value: str) -> None:
         """Changes one setting while its readers run, as a settings dialog would."""

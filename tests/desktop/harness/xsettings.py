@@ -1,7 +1,7 @@
 """The desktop's toolkit settings: fonts' resolution, animations, theme."""
 
 from .processes import Processes
-from .waiting import wait_for
+from .waiting import COMING_UP, wait_for
 from .x11 import X11
 from .xfconf import Integer, SettingsStore, write_channel
 
@@ -26,8 +26,8 @@ class XSettings:
 
     def wait(self, x11: X11) -> None:
         """Returns when programs can read the settings, the resolution among them."""
-        wait_for(lambda: x11.selection_owner("_XSETTINGS_S0"), 5, "the settings daemon")
-        wait_for(lambda: b"Xft.dpi" in (x11.property(x11.root.id, "RESOURCE_MANAGER") or b""), 5,
+        wait_for(lambda: x11.selection_owner("_XSETTINGS_S0"), COMING_UP, "the settings daemon")
+        wait_for(lambda: b"Xft.dpi" in (x11.property(x11.root.id, "RESOURCE_MANAGER") or b""), COMING_UP,
                  "the desktop's resolution")
 
     def enable_animations(self, enabled: bool) -> None:
