@@ -1,7 +1,8 @@
 """Makes a catalogue in a language that nobody speaks, from the texts in the code.
 
 Every text is the English one, drawn out by two fifths, with accents, between brackets. What stands
-on screen without them was never given to the catalogues; what is cut there has too little room.
+on screen without them was never given to the catalogues; what is cut there has too little room. In a
+language of the right-to-left ones every text begins with a mark that says so.
 
 Arguments: the catalogue to read, the language, how many plural forms it has, the catalogue to write.
 """
@@ -31,10 +32,11 @@ def drawn_out(text: str) -> str:
 
 def _main() -> None:
     template, language, forms, result = sys.argv[1], sys.argv[2], int(sys.argv[3]), sys.argv[4]
+    mark = "\u200f" if language.startswith("ar") else ""
     tree = ElementTree.parse(template)
     tree.getroot().set("language", language)
     for message in tree.getroot().iter("message"):
-        words = drawn_out(message.findtext("source", ""))
+        words = mark + drawn_out(message.findtext("source", ""))
         translation = message.find("translation")
         translation.attrib.pop("type", None)
         if message.get("numerus") == "yes":
