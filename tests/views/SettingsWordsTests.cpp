@@ -9,6 +9,8 @@
 #include <QFontInfo>
 #include <QScreen>
 
+#include <ostream>
+
 namespace velmora {
 namespace {
 
@@ -19,6 +21,12 @@ struct Reading {
     /// The catalogue of that language; empty for the drawn-out words.
     QString catalogue = {};
 };
+
+/// How the tests' list names it.
+void PrintTo(Reading const& reading, std::ostream* stream)
+{
+    *stream << reading.name;
+}
 
 /// The form in another language, with every row to be seen.
 class SettingsWords : public testing::TestWithParam<Reading> {
