@@ -20,6 +20,7 @@ packages_desktop=(
 # To run the tests.
 packages_test=(
     libgtest-dev libbenchmark-dev python3 python3-pytest python3-pytest-xdist
+    libgnustep-base-dev libobjc-12-dev
     xvfb locales appstream desktop-file-utils wmctrl
 )
 # To check the sources.

@@ -21,6 +21,7 @@ public:
     ~ApplicationMenu();
 
 private:
+    Actions m_actions;
     VelmoraMenuTarget* m_target;
 };
 

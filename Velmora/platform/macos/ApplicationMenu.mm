@@ -6,7 +6,7 @@
 
 @interface VelmoraMenuTarget : NSObject {
 @public
-    velmora::ApplicationMenu::Actions actions;
+    velmora::ApplicationMenu::Actions const* actions;
 }
 - (void)openSettings:(id)sender;
 - (void)quit:(id)sender;
@@ -15,20 +15,21 @@
 @implementation VelmoraMenuTarget
 - (void)openSettings:(id)sender
 {
-    actions.openSettings();
+    actions->openSettings();
 }
 - (void)quit:(id)sender
 {
-    actions.quit();
+    actions->quit();
 }
 @end
 
 namespace velmora {
 
 ApplicationMenu::ApplicationMenu(Actions actions)
-    : m_target([[VelmoraMenuTarget alloc] init])
+    : m_actions(std::move(actions))
+    , m_target([[VelmoraMenuTarget alloc] init])
 {
-    m_target->actions = std::move(actions);
+    m_target->actions = &m_actions;
     NSMenu* const menu = [[[NSMenu alloc] initWithTitle:@"Velmora"] autorelease];
     auto const add = [menu](NSString* title, SEL action, NSString* key, id target) {
         [[menu addItemWithTitle:title action:action keyEquivalent:key] setTarget:target];

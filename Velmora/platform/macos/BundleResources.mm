@@ -10,7 +10,7 @@ std::optional<std::filesystem::path> BundleResources::find(
     @autoreleasepool {
         NSURL* const url = [[NSBundle mainBundle] URLForResource:text(name)
                                                    withExtension:text(extension)];
-        return url ? std::optional<std::filesystem::path>([url fileSystemRepresentation])
+        return url ? std::optional<std::filesystem::path>([[url path] fileSystemRepresentation])
                    : std::nullopt;
     }
 }

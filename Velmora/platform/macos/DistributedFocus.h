@@ -20,6 +20,7 @@ public:
     ~DistributedFocus();
 
 private:
+    std::function<void(FocusRequest const&)> m_requested;
     VelmoraFocusListener* m_listener;
 };
 

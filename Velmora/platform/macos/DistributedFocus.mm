@@ -11,19 +11,20 @@ namespace {
 
 using velmora::FocusUserInfo;
 
-/// The system's two booleans are single objects; a number of the same value is none of them.
+/// Compared by value: on its way from one process to another a boolean may lose its own type and
+/// arrive as the number that equals it.
 std::optional<bool> boolean(id object)
 {
-    NSNumber* const yes = [NSNumber numberWithBool:YES];
-    NSNumber* const no = [NSNumber numberWithBool:NO];
-    return object == yes || object == no ? std::optional(object == yes) : std::nullopt;
+    bool const yes = [[NSNumber numberWithBool:YES] isEqual:object];
+    bool const no = [[NSNumber numberWithBool:NO] isEqual:object];
+    return yes || no ? std::optional(yes) : std::nullopt;
 }
 
 } // namespace
 
 @interface VelmoraFocusListener : NSObject {
 @public
-    std::function<void(velmora::FocusRequest const&)> requested;
+    std::function<void(velmora::FocusRequest const&)> const* requested;
 }
 - (void)receive:(NSNotification*)notification;
 @end
@@ -32,7 +33,7 @@ std::optional<bool> boolean(id object)
 - (void)receive:(NSNotification*)notification
 {
     NSDictionary* const info = [notification userInfo];
-    requested(velmora::focusRequest(FocusUserInfo{
+    (*requested)(velmora::focusRequest(FocusUserInfo{
         .settings = boolean([info objectForKey:velmora::text(FocusUserInfo::settingsKey)]),
         .preview = boolean([info objectForKey:velmora::text(FocusUserInfo::previewKey)])}));
 }
@@ -56,9 +57,10 @@ void postFocusRequest(FocusRequest const& request)
 }
 
 DistributedFocus::DistributedFocus(std::function<void(FocusRequest const&)> requested)
-    : m_listener([[VelmoraFocusListener alloc] init])
+    : m_requested(std::move(requested))
+    , m_listener([[VelmoraFocusListener alloc] init])
 {
-    m_listener->requested = std::move(requested);
+    m_listener->requested = &m_requested;
     // Anything less is held back while the program is not the active one, which is nearly always.
     [[NSDistributedNotificationCenter defaultCenter]
                addObserver:m_listener

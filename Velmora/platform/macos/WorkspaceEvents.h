@@ -16,6 +16,7 @@ public:
     ~WorkspaceEvents();
 
 private:
+    PlatformServices::Events m_events;
     VelmoraWorkspaceListener* m_listener;
 };
 

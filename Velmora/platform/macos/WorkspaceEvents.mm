@@ -4,7 +4,7 @@
 
 @interface VelmoraWorkspaceListener : NSObject {
 @public
-    velmora::PlatformServices::Events events;
+    velmora::PlatformServices::Events const* events;
 }
 - (void)didWake:(NSNotification*)notification;
 - (void)willSleep:(NSNotification*)notification;
@@ -17,36 +17,37 @@
 @implementation VelmoraWorkspaceListener
 - (void)didWake:(NSNotification*)notification
 {
-    events.didWake();
+    events->didWake();
 }
 - (void)willSleep:(NSNotification*)notification
 {
-    events.willSleep();
+    events->willSleep();
 }
 - (void)sessionResigned:(NSNotification*)notification
 {
-    events.sessionLocked(true);
+    events->sessionLocked(true);
 }
 - (void)sessionBecameActive:(NSNotification*)notification
 {
-    events.sessionLocked(false);
+    events->sessionLocked(false);
 }
 - (void)displaysChanged:(NSNotification*)notification
 {
-    events.displaysChanged();
+    events->displaysChanged();
 }
 - (void)reopen:(NSAppleEventDescriptor*)event reply:(NSAppleEventDescriptor*)reply
 {
-    events.reopened();
+    events->reopened();
 }
 @end
 
 namespace velmora {
 
 WorkspaceEvents::WorkspaceEvents(PlatformServices::Events const& events)
-    : m_listener([[VelmoraWorkspaceListener alloc] init])
+    : m_events(events)
+    , m_listener([[VelmoraWorkspaceListener alloc] init])
 {
-    m_listener->events = events;
+    m_listener->events = &m_events;
     NSNotificationCenter* const workspace = [[NSWorkspace sharedWorkspace] notificationCenter];
     auto const hear
         = [listener = m_listener](NSNotificationCenter* from, NSString* name, SEL selector) {

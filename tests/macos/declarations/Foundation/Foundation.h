@@ -30,6 +30,7 @@ inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat width, CGFloat height)
 - (instancetype)retain;
 - (oneway void)release;
 - (instancetype)autorelease;
+- (BOOL)isEqual:(id)object;
 @end
 
 __attribute__((objc_root_class))
@@ -64,6 +65,7 @@ enum NSStringEncoding : NSUInteger { NSUTF8StringEncoding = 4 };
                        length:(NSUInteger)length
                      encoding:(NSStringEncoding)encoding;
 @property (readonly) char const* UTF8String;
+@property (readonly) char const* fileSystemRepresentation;
 @end
 
 @interface NSNumber : NSObject
@@ -74,7 +76,7 @@ enum NSStringEncoding : NSUInteger { NSUTF8StringEncoding = 4 };
 
 @interface NSURL : NSObject
 + (NSURL*)fileURLWithPath:(NSString*)path;
-@property (readonly) char const* fileSystemRepresentation;
+@property (readonly) NSString* path;
 @end
 
 @interface NSBundle : NSObject
