@@ -16,17 +16,25 @@ PixelTarget target(QImage& canvas)
         .scale = canvas.devicePixelRatio()};
 }
 
-void drawControls(QImage& canvas, Size bounds, double size, OrbCanvas::Controls const& controls)
+void paintControls(QPainter& painter, Size bounds, double size, OrbCanvas::Controls const& controls)
 {
-    QPainter painter(&canvas);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity(controls.opacity);
     for (std::size_t i = 0; i < OrbControls::all.size(); ++i) {
         auto const control = OrbControls::all.at(i);
         OrbControls::draw(painter, controls.symbols.at(i),
             OrbControls::frame(control, size, bounds), OrbControls::symbolSize(size),
             controls.pressed == control);
     }
+}
+
+/// Holds both buttons, in points.
+QRectF controlsArea(Size bounds, double size)
+{
+    QRectF area;
+    for (auto const control : OrbControls::all) {
+        auto const frame = OrbControls::frame(control, size, bounds);
+        area |= QRectF(frame.x, frame.y, frame.width, frame.height);
+    }
+    return area;
 }
 
 } // namespace
@@ -48,16 +56,23 @@ void OrbCanvas::drawStack(
         return;
     }
     m_renderer.render(frame, pixels, StackOpacity::deferred);
-    {
-        // The caption is laid out in device pixels.
-        canvas.setDevicePixelRatio(1);
-        QPainter painter(&canvas);
-        QPointF const centre(bounds.width / 2, bounds.height / 2);
-        m_caption.draw(
-            painter, centre * pixels.scale, *frame.caption, texts, frame.size, pixels.scale);
-    }
-    canvas.setDevicePixelRatio(pixels.scale);
+    QPointF const centre(bounds.width / 2, bounds.height / 2);
+    m_caption.draw(canvas, centre * pixels.scale, *frame.caption, texts, frame.size, pixels.scale);
     multiplyOpacity(pixels, frame.opacity);
+}
+
+void OrbCanvas::drawControls(QImage& canvas, Size bounds, double size, Controls const& controls)
+{
+    ControlsDrawn wanted = {
+        .bounds = bounds, .size = size, .scale = canvas.devicePixelRatio(), .controls = controls};
+    // One picture serves the whole fade.
+    wanted.controls.opacity = 1;
+    if (wanted != m_controlsDrawn) {
+        m_controlsDrawn = wanted;
+        m_controls = paintedOverlay(controlsArea(bounds, size), wanted.scale,
+            [&](QPainter& painter) { paintControls(painter, bounds, size, controls); });
+    }
+    drawOver(canvas, m_controls.picture, m_controls.corner, controls.opacity);
 }
 
 } // namespace velmora

@@ -5,11 +5,10 @@
 #include "Velmora/orb/OrbRenderer.h"
 #include "Velmora/views/OrbCaption.h"
 #include "Velmora/views/OrbControls.h"
+#include "Velmora/views/PictureOverlay.h"
 
 #include <array>
 #include <optional>
-
-class QImage;
 
 namespace velmora {
 
@@ -22,6 +21,8 @@ public:
         /// In the order of `OrbControls::all`.
         std::array<OrbControls::Symbol, OrbControls::all.size()> symbols = {};
         std::optional<OrbControls::Control> pressed;
+
+        bool operator==(Controls const&) const = default;
     };
 
     /// Overwrites a premultiplied picture that fills `bounds` (points) and whose device pixel ratio
@@ -33,8 +34,22 @@ private:
     void drawStack(
         QImage& canvas, Size bounds, OrbFrame const& frame, OrbCaption::Texts const& texts);
 
+    void drawControls(QImage& canvas, Size bounds, double size, Controls const& controls);
+
+    /// What the buttons were drawn for last.
+    struct ControlsDrawn {
+        Size bounds;
+        double size = 0;
+        double scale = 0;
+        Controls controls;
+
+        bool operator==(ControlsDrawn const&) const = default;
+    };
+
     OrbRenderer m_renderer;
     OrbCaption m_caption;
+    ControlsDrawn m_controlsDrawn;
+    PictureOverlay m_controls;
 };
 
 } // namespace velmora

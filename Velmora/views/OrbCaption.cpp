@@ -1,8 +1,8 @@
 #include "Velmora/views/OrbCaption.h"
 
-#include <QPainter>
+#include "Velmora/views/PictureOverlay.h"
 
-#include <cmath>
+#include <QImage>
 
 namespace velmora {
 
@@ -28,17 +28,17 @@ TextPicture::Style statusStyle(CaptionLayer const& layer, double widest, double 
 }
 
 /// Draws a line by the middle of its upper edge. Whole pixels keep the letters sharp.
-void drawLine(QPainter& painter, TextPicture const& line, QPointF top, double opacity)
+void drawLine(QImage& canvas, TextPicture const& line, QPointF top, double opacity)
 {
-    QPointF const corner(std::round(top.x() - line.size().width() / 2), std::round(top.y()));
-    painter.setOpacity(opacity);
-    painter.drawImage(corner - QPointF(line.margin(), line.margin()), line.image());
+    QPointF const corner(top.x() - line.size().width() / 2, top.y());
+    drawOver(
+        canvas, line.image(), corner.toPoint() - QPoint(line.margin(), line.margin()), opacity);
 }
 
 } // namespace
 
-void OrbCaption::draw(QPainter& painter, QPointF centre, CaptionLayer const& layer,
-    Texts const& texts, double widest, double scale)
+void OrbCaption::draw(QImage& canvas, QPointF centre, CaptionLayer const& layer, Texts const& texts,
+    double widest, double scale)
 {
     auto const wordHeight = TextPicture::lineHeight(wordStyle(layer, widest, scale));
     auto below = 0.0;
@@ -48,19 +48,17 @@ void OrbCaption::draw(QPainter& painter, QPointF centre, CaptionLayer const& lay
         below = (layer.spacing * scale + m_status.size().height()) * layer.statusPresence;
     }
     auto const top = centre.y() + layer.dy * scale - (wordHeight + below) / 2;
-    painter.save();
     for (std::size_t i = 0; i < captionWordCount; ++i) {
         if (layer.presence.at(i) <= 0)
             continue;
         auto& word = m_words.at(i);
         word.set(texts.words.at(i), wordStyle(layer, widest, scale));
-        drawLine(painter, word, QPointF(centre.x(), top), layer.presence.at(i));
+        drawLine(canvas, word, QPointF(centre.x(), top), layer.presence.at(i));
     }
     if (layer.statusPresence > 0) {
         auto const statusTop = top + wordHeight + layer.spacing * scale;
-        drawLine(painter, m_status, QPointF(centre.x(), statusTop), layer.statusPresence);
+        drawLine(canvas, m_status, QPointF(centre.x(), statusTop), layer.statusPresence);
     }
-    painter.restore();
 }
 
 } // namespace velmora

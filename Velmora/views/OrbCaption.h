@@ -7,7 +7,7 @@
 
 #include <array>
 
-class QPainter;
+class QImage;
 
 namespace velmora {
 
@@ -22,7 +22,7 @@ public:
 
     /// Draws the caption about a centre in device pixels, no line wider than `widest` points.
     /// `scale` is device pixels per point.
-    void draw(QPainter& painter, QPointF centre, CaptionLayer const& layer, Texts const& texts,
+    void draw(QImage& canvas, QPointF centre, CaptionLayer const& layer, Texts const& texts,
         double widest, double scale);
 
 private:

@@ -1,8 +1,8 @@
 #include "Velmora/orb/OrbState.h"
+#include "Velmora/views/PictureOverlay.h"
 #include "Velmora/views/WidgetView.h"
 
 #include <QImage>
-#include <QPainter>
 
 namespace velmora {
 
@@ -40,9 +40,7 @@ void WidgetView::draw(QImage& canvas, double now)
 
 void WidgetView::drawBackdrop(QImage& canvas)
 {
-    QPainter painter(&canvas);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
-    painter.fillRect(QRectF(QPointF(0, 0), QSizeF(canvas.size())), backdrop);
+    drawUnder(canvas, backdrop);
 }
 
 } // namespace velmora

@@ -4,9 +4,6 @@
 #include "Velmora/views/OrbWindow.h"
 #include "Velmora/views/WidgetView.h"
 
-#include <QImage>
-#include <QPainter>
-
 namespace velmora {
 
 using OrbHitArea::Part;
@@ -25,13 +22,9 @@ void BlobContainerView::layout(Size bounds)
     m_resizeKnob.setFrame(OrbHitArea::gripFrame(bounds));
 }
 
-void BlobContainerView::drawGrip(QImage& canvas) const
+void BlobContainerView::drawGrip(QImage& canvas)
 {
-    auto const& grip = m_resizeKnob.frame();
-    QPainter painter(&canvas);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(grip.x, m_bounds.height - grip.maxY());
-    m_resizeKnob.draw(painter);
+    m_resizeKnob.draw(canvas, m_bounds.height);
 }
 
 Part BlobContainerView::hitTest(Point p) const

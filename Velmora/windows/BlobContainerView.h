@@ -30,7 +30,7 @@ public:
     [[nodiscard]] ResizeHandleView& resizeKnob() { return m_resizeKnob; }
 
     /// Draws the grip over a frame whose device pixel ratio is set.
-    void drawGrip(QImage& canvas) const;
+    void drawGrip(QImage& canvas);
 
     [[nodiscard]] OrbHitArea::Part hitTest(Point p) const;
     /// Whether the pointer is on the orb or its grip; lights the grip exactly while it is over

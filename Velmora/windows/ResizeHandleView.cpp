@@ -25,15 +25,28 @@ QColor withAlpha(Qt::GlobalColor colour, double alpha)
 }
 
 /// A corner bracket along the bottom and up the right side; y grows downwards.
-QPainterPath mark(Rect const& frame)
+QPainterPath mark(QRectF const& frame)
 {
-    QRectF const inner = QRectF(0, 0, frame.width, frame.height)
-                             .adjusted(frame.width * markInset, frame.height * markInset,
-                                 -frame.width * markInset, -frame.height * markInset);
+    auto const inset = QMarginsF(frame.width() * markInset, frame.height() * markInset,
+        frame.width() * markInset, frame.height() * markInset);
+    auto const inner = frame.marginsRemoved(inset);
     QPainterPath path(QPointF(inner.left(), inner.bottom() - markLift));
     path.lineTo(inner.right(), inner.bottom() - markLift);
     path.lineTo(inner.right(), inner.top());
     return path;
+}
+
+void paint(QPainter& painter, QRectF const& frame, bool lit)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(withAlpha(Qt::black, lit ? 0.18 : 0.08));
+    painter.drawEllipse(
+        frame.marginsRemoved(QMarginsF(discInset, discInset, discInset, discInset)));
+    auto const width = std::max(frame.width() * markWidth, thinnestMark);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(withAlpha(Qt::white, lit ? 0.98 : 0.72), width, Qt::SolidLine, Qt::RoundCap,
+        Qt::RoundJoin));
+    painter.drawPath(mark(frame));
 }
 
 } // namespace
@@ -70,18 +83,18 @@ void ResizeHandleView::take(GripChange const& change)
         onCursor(change.cursor);
 }
 
-void ResizeHandleView::draw(QPainter& painter) const
+void ResizeHandleView::draw(QImage& canvas, double height)
 {
-    auto const lit = m_state.highlighted();
-    QRectF const bounds(0, 0, m_frame.width, m_frame.height);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(withAlpha(Qt::black, lit ? 0.18 : 0.08));
-    painter.drawEllipse(bounds.adjusted(discInset, discInset, -discInset, -discInset));
-    auto const width = std::max(m_frame.width * markWidth, thinnestMark);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(withAlpha(Qt::white, lit ? 0.98 : 0.72), width, Qt::SolidLine, Qt::RoundCap,
-        Qt::RoundJoin));
-    painter.drawPath(mark(m_frame));
+    Drawn const wanted
+        = {.area = QRectF(m_frame.x, height - m_frame.maxY(), m_frame.width, m_frame.height),
+            .scale = canvas.devicePixelRatio(),
+            .lit = m_state.highlighted()};
+    if (wanted != m_drawn) {
+        m_drawn = wanted;
+        m_picture = paintedOverlay(wanted.area, wanted.scale,
+            [&wanted](QPainter& painter) { paint(painter, wanted.area, wanted.lit); });
+    }
+    drawOver(canvas, m_picture.picture, m_picture.corner);
 }
 
 } // namespace velmora

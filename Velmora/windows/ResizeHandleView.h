@@ -2,12 +2,11 @@
 
 #include "Velmora/geometry/GripState.h"
 #include "Velmora/platform/Displays.h"
+#include "Velmora/views/PictureOverlay.h"
 #include "Velmora/views/PointerEvent.h"
 
 #include <functional>
 #include <optional>
-
-class QPainter;
 
 namespace velmora {
 
@@ -32,9 +31,9 @@ public:
     void mouseDragged(PointerEvent const& event, std::optional<DisplayId> display);
     void mouseUp(PointerEvent const& event);
 
-    /// Draws the grip into a painter whose y grows downwards and whose origin is the top-left
-    /// corner of the grip's frame, in points.
-    void draw(QPainter& painter) const;
+    /// Draws the grip over a frame of its container, which is `height` points high and whose device
+    /// pixel ratio is set.
+    void draw(QImage& canvas, double height);
 
     /// Told which cursor to show.
     std::function<void(GripCursor)> onCursor;
@@ -45,6 +44,17 @@ private:
     AppModel& m_model;
     Rect m_frame;
     GripState m_state;
+
+    /// What the grip was drawn for last.
+    struct Drawn {
+        QRectF area;
+        double scale = 0;
+        bool lit = false;
+
+        bool operator==(Drawn const&) const = default;
+    };
+    Drawn m_drawn;
+    PictureOverlay m_picture;
 };
 
 } // namespace velmora

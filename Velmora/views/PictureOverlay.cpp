@@ -1,0 +1,75 @@
+#include "Velmora/views/PictureOverlay.h"
+
+#include <QPainter>
+#include <QRect>
+#include <QRgb>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace velmora {
+
+namespace {
+
+constexpr std::uint32_t evenBytes = 0x00ff00ff;
+
+/// All four bytes times `factor` / 255, rounded.
+std::uint32_t scaled(std::uint32_t pixel, std::uint32_t factor)
+{
+    constexpr std::uint32_t half = 0x00800080;
+    auto even = (pixel & evenBytes) * factor;
+    even = ((even + ((even >> 8U) & evenBytes) + half) >> 8U) & evenBytes;
+    auto odd = ((pixel >> 8U) & evenBytes) * factor;
+    odd = (odd + ((odd >> 8U) & evenBytes) + half) & ~evenBytes;
+    return even | odd;
+}
+
+} // namespace
+
+void drawOver(QImage& canvas, QImage const& picture, QPoint corner, double opacity)
+{
+    constexpr std::uint32_t opaque = 255;
+    auto const area = QRect(corner, picture.size()).intersected(QRect(QPoint(0, 0), canvas.size()));
+    auto const factor
+        = static_cast<std::uint32_t>(std::lround(std::clamp(opacity, 0.0, 1.0) * opaque));
+    if (area.isEmpty() || factor == 0)
+        return;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        auto const* source = reinterpret_cast<QRgb const*>(picture.constScanLine(y - corner.y()));
+        auto* target = reinterpret_cast<QRgb*>(canvas.scanLine(y));
+        for (int x = area.left(); x <= area.right(); ++x) {
+            auto const over = scaled(source[x - corner.x()], factor);
+            if (over != 0)
+                target[x] = over + scaled(target[x], opaque - (over >> 24U));
+        }
+    }
+}
+
+void drawUnder(QImage& canvas, QColor const& ground)
+{
+    constexpr std::uint32_t opaque = 255;
+    auto const colour = ground.rgba();
+    for (int y = 0; y < canvas.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(canvas.scanLine(y));
+        for (int x = 0; x < canvas.width(); ++x)
+            row[x] += scaled(colour, opaque - (row[x] >> 24U));
+    }
+}
+
+PictureOverlay paintedOverlay(
+    QRectF const& area, double scale, std::function<void(QPainter&)> const& paint)
+{
+    auto const pixels = QRectF(area.topLeft() * scale, area.size() * scale).toAlignedRect();
+    PictureOverlay overlay{
+        QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied), pixels.topLeft()};
+    overlay.picture.fill(Qt::transparent);
+    QPainter painter(&overlay.picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-pixels.topLeft());
+    painter.scale(scale, scale);
+    paint(painter);
+    return overlay;
+}
+
+} // namespace velmora
