@@ -9,6 +9,8 @@
 
 namespace velmora {
 
+class SharedFrames;
+
 /// What the window system has to be told about the orb's window, which floats above all others on
 /// every desktop and is transparent to the pointer outside its outline.
 class DesktopPanel {
@@ -37,6 +39,9 @@ public:
 
     /// Whether the window's transparent pixels let what lies behind show through.
     [[nodiscard]] virtual bool translucent() const = 0;
+
+    /// Memory whose pictures show in the adopted window; none where there is no such thing.
+    [[nodiscard]] virtual SharedFrames* frames() { return nullptr; }
 
     /// Told when `translucent` has changed; at most one listener.
     std::function<void()> onTranslucency;

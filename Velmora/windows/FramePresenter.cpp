@@ -1,47 +1,90 @@
 #include "Velmora/windows/FramePresenter.h"
 
-#include <QImage>
 #include <QWindow>
 
-#include <cmath>
+#include <cstring>
 
 namespace velmora {
 
-FramePresenter::FramePresenter(QWindow& window)
+namespace {
+
+/// The rows, from `first` up to and without `end`, that hold all differences between two pictures
+/// of equal shape.
+struct Rows {
+    int first = 0;
+    int end = 0;
+};
+
+Rows changedRows(SharedFrames::Picture const& before, SharedFrames::Picture const& now, int height)
+{
+    auto const same = [&before, &now](int row) {
+        return std::memcmp(before.bytes + row * before.stride, now.bytes + row * now.stride,
+                   static_cast<std::size_t>(now.stride))
+            == 0;
+    };
+    Rows rows = {.first = 0, .end = height};
+    while (rows.first < rows.end && same(rows.first))
+        ++rows.first;
+    while (rows.end > rows.first && same(rows.end - 1))
+        --rows.end;
+    return rows;
+}
+
+} // namespace
+
+FramePresenter::FramePresenter(QWindow& window, SharedFrames* shared)
     : m_window(window)
-    , m_store(&window)
+    , m_shared(shared)
 {
 }
 
-void FramePresenter::resize(QSize size)
+QImage* FramePresenter::begin()
 {
-    m_store.resize(size);
+    auto const scale = m_window.devicePixelRatio();
+    auto const size = m_window.size() * scale;
+    m_drawn = m_shared ? m_shared->next(size.width(), size.height()) : SharedFrames::Picture();
+    if (!m_drawn.bytes)
+        return beginStored();
+    if (size != m_picture.size())
+        m_shown = {};
+    m_picture = QImage(m_drawn.bytes, size.width(), size.height(), m_drawn.stride,
+        QImage::Format_ARGB32_Premultiplied);
+    m_picture.setDevicePixelRatio(scale);
+    return &m_picture;
 }
 
-QImage* FramePresenter::begin(QRect area)
+QImage* FramePresenter::beginStored()
 {
-    m_area = inPoints(area).intersected(QRect(QPoint(0, 0), m_store.size()));
-    m_store.beginPaint(m_area);
-    auto* device = m_store.paintDevice();
+    if (!m_store)
+        m_store.emplace(&m_window);
+    if (m_store->size() != m_window.size())
+        m_store->resize(m_window.size());
+    m_store->beginPaint(QRect(QPoint(0, 0), m_window.size()));
+    auto* device = m_store->paintDevice();
     if (device && device->devType() == QInternal::Image)
         return static_cast<QImage*>(device);
-    m_store.endPaint();
+    m_store->endPaint();
     return nullptr;
 }
 
 void FramePresenter::present()
 {
-    m_store.endPaint();
-    m_store.flush(m_area, &m_window);
+    if (m_drawn.bytes) {
+        presentShared();
+        return;
+    }
+    m_store->endPaint();
+    m_store->flush(QRect(QPoint(0, 0), m_window.size()));
 }
 
-QRect FramePresenter::inPoints(QRect area) const
+void FramePresenter::presentShared()
 {
-    auto const scale = m_window.devicePixelRatio();
-    auto const down = [scale](int pixels) { return static_cast<int>(std::floor(pixels / scale)); };
-    auto const up = [scale](int pixels) { return static_cast<int>(std::ceil(pixels / scale)); };
-    return {QPoint(down(area.left()), down(area.top())),
-        QPoint(up(area.x() + area.width()) - 1, up(area.y() + area.height()) - 1)};
+    auto const height = m_picture.height();
+    auto const rows
+        = m_shown.bytes ? changedRows(m_shown, m_drawn, height) : Rows{.first = 0, .end = height};
+    m_shown = m_drawn;
+    if (rows.first < rows.end)
+        m_shared->put(rows.first, rows.end - rows.first);
 }
 
 } // namespace velmora

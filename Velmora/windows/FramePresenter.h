@@ -1,36 +1,42 @@
 #pragma once
 
-#include <QBackingStore>
-#include <QRect>
+#include "Velmora/platform/SharedFrames.h"
 
-class QImage;
+#include <QBackingStore>
+#include <QImage>
+
+#include <optional>
+
 class QWindow;
 
 namespace velmora {
 
-/// Hands finished frames to a window, through the toolkit's backing store.
+/// Hands finished frames to a window: through memory shared with the window system where there is
+/// such, and else through the toolkit's backing store. Only rows that changed are handed on.
 class FramePresenter {
 public:
-    /// The window outlives the presenter.
-    explicit FramePresenter(QWindow& window);
+    /// Both outlive the presenter; `shared` may be none.
+    FramePresenter(QWindow& window, SharedFrames* shared);
 
-    /// The window is that large now, in desktop points.
-    void resize(QSize size);
-
-    /// The picture to draw the next frame into: premultiplied ARGB, device pixels, the whole
-    /// window. Inside `area`, in device pixels, it is clear and all of it has to be drawn; the rest
-    /// keeps what was drawn before. None while the window system gives no memory. Ends with
-    /// `present`.
-    [[nodiscard]] QImage* begin(QRect area);
-    /// Puts what was drawn inside the last `begin`'s area on the screen.
+    /// The picture to draw the next frame into, over whatever is in it: premultiplied ARGB, the
+    /// whole window, with the window's device pixel ratio. None while the window system gives no
+    /// memory. Ends with `present`.
+    [[nodiscard]] QImage* begin();
+    /// Puts the picture on the screen.
     void present();
+    /// What is on the screen has been lost: the next frame is handed on whole.
+    void invalidate() { m_shown = {}; }
 
 private:
-    [[nodiscard]] QRect inPoints(QRect area) const;
+    [[nodiscard]] QImage* beginStored();
+    void presentShared();
 
     QWindow& m_window;
-    QBackingStore m_store;
-    QRect m_area;
+    SharedFrames* m_shared;
+    std::optional<QBackingStore> m_store;
+    SharedFrames::Picture m_drawn;
+    SharedFrames::Picture m_shown;
+    QImage m_picture;
 };
 
 } // namespace velmora

@@ -39,7 +39,7 @@ WidgetPanel::WidgetPanel(Seams seams, WidgetView& view)
     : m_seams(seams)
     , m_view(view)
     , m_container(seams.model, view)
-    , m_presenter(*this)
+    , m_presenter(*this, seams.desktop.frames())
     , m_frameClock([this] { drawFrame(); })
     , m_help(*this, view)
     , m_coordinates(ToolkitDisplays::coordinates())
@@ -167,7 +167,7 @@ void WidgetPanel::fitContent()
     Size const bounds
         = {.width = static_cast<double>(width()), .height = static_cast<double>(height())};
     m_container.layout(bounds);
-    m_presenter.resize(m_fittedSize);
+    m_presenter.invalidate();
     m_seams.desktop.setOutline(OrbHitArea::outline(bounds, scale));
 }
 
@@ -176,8 +176,7 @@ void WidgetPanel::drawFrame()
     if (!isExposed())
         return;
     fitContent();
-    QRect const whole(QPoint(0, 0), size() * devicePixelRatio());
-    auto* canvas = m_presenter.begin(whole);
+    auto* canvas = m_presenter.begin();
     if (!canvas)
         return;
     m_view.draw(*canvas, m_seams.clock.now());

@@ -111,6 +111,7 @@ void WidgetPanel::wheelEvent(QWheelEvent* event)
 
 void WidgetPanel::exposeEvent(QExposeEvent* /*event*/)
 {
+    m_presenter.invalidate();
     drawFrame();
 }
 

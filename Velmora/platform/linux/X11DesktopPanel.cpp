@@ -123,6 +123,7 @@ void X11DesktopPanel::adopt(std::uintptr_t window)
     if (!m_connection)
         return;
     m_window = static_cast<std::uint32_t>(window);
+    m_frames.adopt(m_window);
     setType();
     setState();
     bound();

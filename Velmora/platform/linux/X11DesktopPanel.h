@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Velmora/platform/DesktopPanel.h"
+#include "Velmora/platform/linux/X11SharedFrames.h"
 
 #include <QAbstractNativeEventFilter>
 
@@ -32,6 +33,7 @@ public:
     void showResizeCursor() override { }
     void setOutline(std::span<PixelRect const> outline) override;
     [[nodiscard]] bool translucent() const override { return m_translucent; }
+    [[nodiscard]] SharedFrames* frames() override { return &m_frames; }
 
     bool nativeEventFilter(QByteArray const& type, void* message, qintptr* result) override;
 
@@ -49,6 +51,7 @@ private:
     int m_fixesEvent = -1;
     bool m_translucent = true;
     std::vector<PixelRect> m_outline;
+    X11SharedFrames m_frames;
 };
 
 } // namespace velmora
