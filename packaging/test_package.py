@@ -1,10 +1,11 @@
-"""Installs the .deb into a bare Debian 12, runs it there, installs it again and removes it.
+"""Checks the .deb, installs it into a bare Debian 12, runs it there, installs it again and removes it.
 
 Run it as root: /usr/bin/python3 packaging/test_package.py velmora_*.deb [--keep-root FOLDER]
 
 The bare system is made by debootstrap with nothing but what Debian calls essential, and apt; what
 the package needs comes as its dependencies or not at all. The screen is one of the desktop tests'
 own. With --keep-root the bare system is kept in that folder, and copied from there the next time.
+Debian's packages debootstrap and lintian have to be there.
 """
 
 import argparse
@@ -87,6 +88,7 @@ def _main() -> None:
     parser.add_argument("--keep-root", type=Path)
     parser.add_argument("--picture", type=Path, default=_SOURCE / "build/package-screenshot.png")
     chosen = parser.parse_args()
+    subprocess.run(["lintian", "--allow-root", "--fail-on", "error", str(chosen.package)], check=True)
     with tempfile.TemporaryDirectory(prefix="vr-", dir="/tmp") as folder:
         root = BareRoot(Path(folder), chosen.keep_root)
         shutil.copy(chosen.package, root.folder / "velmora.deb")
