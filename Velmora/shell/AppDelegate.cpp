@@ -34,7 +34,7 @@ constexpr auto settingsDelay = 250ms;
 
 AppDelegate::AppDelegate(std::shared_ptr<InstanceLock> lock, Seams seams)
     : m_instanceLock(std::move(lock))
-    , m_seams(seams)
+    , m_seams(std::move(seams))
 {
 }
 
@@ -133,9 +133,17 @@ void AppDelegate::honour(FocusRequest flags)
 {
     auto* const model = &m_seams.model;
     if (flags.preview)
-        QTimer::singleShot(previewDelay, this, [model] { model->velmoraNow(); });
+        after(previewDelay, [model] { model->velmoraNow(); });
     if (flags.settings)
-        QTimer::singleShot(settingsDelay, this, [model] { model->setShowingSettings(true); });
+        after(settingsDelay, [model] { model->setShowingSettings(true); });
+}
+
+void AppDelegate::after(std::chrono::milliseconds delay, std::function<void()> const& action)
+{
+    auto* const timer = new QTimer(this);
+    timer->setSingleShot(true);
+    connect(timer, &QTimer::timeout, this, action);
+    timer->start(delay);
 }
 
 void AppDelegate::terminate()

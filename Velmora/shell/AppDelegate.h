@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -32,6 +34,7 @@ class WidgetView;
 /// wires the model to them and passes on what the system tells.
 class AppDelegate final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(AppDelegate)
 
 public:
     /// What the delegate works with; everything outlives it.
@@ -56,7 +59,7 @@ public:
     /// Builds the interface, starts the model and honours the command line.
     void applicationDidFinishLaunching(FocusRequest flags);
     /// Leaves the event loop, whatever windows are open.
-    void terminate();
+    static void terminate();
     /// Saves, and returns when the settings are on the disk.
     void applicationWillTerminate();
 
@@ -91,6 +94,7 @@ private:
     void setupSettings();
     [[nodiscard]] SettingsPlacement::Surroundings surroundings() const;
     void honour(FocusRequest flags);
+    void after(std::chrono::milliseconds delay, std::function<void()> const& action);
     void refreshStatusItem();
     void orderWidgetFront();
     void widgetSizeChanged();

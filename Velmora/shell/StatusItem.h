@@ -17,6 +17,7 @@ class AppModel;
 /// The status item in the desktop's panel: an icon with a tooltip, and the small menu.
 class StatusItem final : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(StatusItem)
 
 public:
     StatusItem(AppModel& model, StatusSymbol symbol);

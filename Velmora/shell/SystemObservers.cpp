@@ -56,7 +56,7 @@ void observeSystem(PlatformServices& system, AppDelegate& delegate)
             },
         .reopened = call(&AppDelegate::reopened),
         .settingsRequested = call(&AppDelegate::openSettings),
-        .endRequested = call(&AppDelegate::terminate)});
+        .endRequested = &AppDelegate::terminate});
     followSessionManager(delegate);
 }
 
