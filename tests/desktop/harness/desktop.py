@@ -31,7 +31,7 @@ _PATH = "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin"
 class Desktop:
     """Brings a desktop up, and on leaving the `with` ends everything that it started.
 
-    - `window_manager`: "xfwm4" (composites), "xfwm4-plain" (does not), "openbox", "none".
+    - `window_manager`: "xfwm4" (composites), "xfwm4-plain" (does not), "openbox", "kwin", "mutter", "none".
     - `scale`: 1 or 2, told to programs the way a session does.
     - `heads`: the displays, in device pixels; the first is the primary one.
     - `tray`: "panel" (StatusNotifierItem), "xembed" (a tray without it), "none".

@@ -27,6 +27,8 @@ KINDS = {
     "xfwm4": _xfwm4(composites=True),
     "xfwm4-plain": _xfwm4(composites=False),
     "openbox": Kind(["openbox"]),
+    "kwin": Kind(["kwin_x11"], composites=True),
+    "mutter": Kind(["mutter", "--x11"], composites=True),
     "none": Kind([]),
 }
 
