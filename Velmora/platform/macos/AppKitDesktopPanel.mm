@@ -25,7 +25,6 @@ namespace {
 constexpr double pointerInterval = 1.0 / 30.0;
 
 static_assert(NSWindowStyleMaskNonactivatingPanel == 128);
-static_assert(NSFloatingWindowLevel == 3);
 static_assert(NSWindowAnimationBehaviorNone == 2);
 constexpr NSWindowCollectionBehavior everywhere
     = NSWindowCollectionBehaviorCanJoinAllSpaces | NSWindowCollectionBehaviorFullScreenAuxiliary;
