@@ -43,10 +43,11 @@ QImage* FramePresenter::begin()
     auto const scale = m_window.devicePixelRatio();
     auto const size = m_window.size() * scale;
     m_drawn = m_shared ? m_shared->next(size.width(), size.height()) : SharedFrames::Picture();
+    // What was shown may have gone together with the memory that it was in.
+    if (!m_drawn.bytes || size != m_picture.size())
+        m_shown = {};
     if (!m_drawn.bytes)
         return beginStored();
-    if (size != m_picture.size())
-        m_shown = {};
     m_picture = QImage(m_drawn.bytes, size.width(), size.height(), m_drawn.stride,
         QImage::Format_ARGB32_Premultiplied);
     m_picture.setDevicePixelRatio(scale);
