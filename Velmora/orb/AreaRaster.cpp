@@ -1,7 +1,6 @@
 #include "Velmora/orb/AreaRaster.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace velmora {
@@ -52,38 +51,27 @@ void AreaRaster::add(Contour const& contour, Placing const& placing, bool subtra
     }
 }
 
-void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
+inline void AreaRaster::touch(int y, int firstColumn, int lastColumn)
 {
-    if (y0 > y1) {
-        std::swap(x0, x1);
-        std::swap(y0, y1);
-        sign = -sign;
-    }
-    float const height = static_cast<float>(rows_);
-    if (!(y0 < y1) || y1 <= 0 || y0 >= height)
+    std::uint64_t* const words = touched(y);
+    unsigned const first = static_cast<unsigned>(firstColumn) / blockSize;
+    unsigned const last = static_cast<unsigned>(lastColumn) / blockSize;
+    std::uint64_t const fromFirst = ~std::uint64_t{0} << first % bitsPerWord;
+    std::uint64_t const toLast = ~std::uint64_t{0} >> (bitsPerWord - 1 - last % bitsPerWord);
+    unsigned word = first / bitsPerWord;
+    unsigned const lastWord = last / bitsPerWord;
+    if (word == lastWord) {
+        words[word] |= fromFirst & toLast;
         return;
-    float const slope = (x1 - x0) / (y1 - y0);
-    float const top = std::max(y0, 0.0F);
-    float const bottom = std::min(y1, height);
-    float x = x0 + (top - y0) * slope;
-    int const first = static_cast<int>(top);
-    int const end = std::min(static_cast<int>(std::ceil(bottom)), rows_);
-    firstRow_ = std::min(firstRow_, first);
-    endRow_ = std::max(endRow_, end);
-    for (int row = first; row < end; ++row) {
-        float const from = std::max(static_cast<float>(row), top);
-        float const to = std::min(static_cast<float>(row + 1), bottom);
-        float const next = x + slope * (to - from);
-        addInRow(row, x, next, sign * (to - from));
-        x = next;
     }
+    words[word] |= fromFirst;
+    for (++word; word < lastWord; ++word)
+        words[word] = ~std::uint64_t{0};
+    words[lastWord] |= toLast;
 }
 
-void AreaRaster::addInRow(int y, float from, float to, float height)
+inline void AreaRaster::addInRow(int y, float left, float right, float height)
 {
-    float const width = static_cast<float>(columns_);
-    float const left = limited(std::min(from, to), width);
-    float const right = limited(std::max(from, to), width);
     int const first = static_cast<int>(left);
     int const last = static_cast<int>(right);
     float* const cells = row(y);
@@ -94,6 +82,13 @@ void AreaRaster::addInRow(int y, float from, float to, float height)
         cells[first + 1] += past;
         return;
     }
+    addAcross(cells, left, right, height);
+}
+
+void AreaRaster::addAcross(float* cells, float left, float right, float height)
+{
+    int const first = static_cast<int>(left);
+    int const last = static_cast<int>(right);
     // The line crosses pixels: a triangle in the first, trapezoids, a triangle in the last.
     float const perColumn = height / (right - left);
     float const start = static_cast<float>(first + 1) - left;
@@ -116,14 +111,42 @@ void AreaRaster::addInRow(int y, float from, float to, float height)
     cells[last + 1] += height - lastPixel;
 }
 
-void AreaRaster::touch(int y, int firstColumn, int lastColumn)
+void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
 {
-    std::uint64_t* const words = touched(y);
-    unsigned const end = static_cast<unsigned>(lastColumn) / blockSize;
-    unsigned block = static_cast<unsigned>(firstColumn) / blockSize;
-    words[end / bitsPerWord] |= std::uint64_t{1} << (end % bitsPerWord);
-    for (; block < end; ++block)
-        words[block / bitsPerWord] |= std::uint64_t{1} << (block % bitsPerWord);
+    if (y0 > y1) {
+        std::swap(x0, x1);
+        std::swap(y0, y1);
+        sign = -sign;
+    }
+    float const height = static_cast<float>(rows_);
+    if (!(y0 < y1) || y1 <= 0 || y0 >= height)
+        return;
+    float const slope = (x1 - x0) / (y1 - y0);
+    float const top = std::max(y0, 0.0F);
+    float const bottom = std::min(y1, height);
+    float x = x0 + (top - y0) * slope;
+    int const first = static_cast<int>(top);
+    int const last = static_cast<int>(bottom);
+    int const end = static_cast<float>(last) < bottom ? last + 1 : last;
+    firstRow_ = std::min(firstRow_, first);
+    endRow_ = std::max(endRow_, end);
+    float const width = static_cast<float>(columns_);
+    // A line well within the raster stays within it whatever the rounding, unless it is so flat
+    // that its slope is no number.
+    bool const within = std::min(x0, x1) > 1 && std::max(x0, x1) < width - 1 && y1 - y0 > 1e-6F;
+    float from = top;
+    for (int row = first; row < end; ++row) {
+        float const to = std::min(static_cast<float>(row + 1), bottom);
+        float const next = x + slope * (to - from);
+        float const left = std::min(x, next);
+        float const right = std::max(x, next);
+        if (within)
+            addInRow(row, left, right, sign * (to - from));
+        else
+            addInRow(row, limited(left, width), limited(right, width), sign * (to - from));
+        x = next;
+        from = to;
+    }
 }
 
 } // namespace velmora

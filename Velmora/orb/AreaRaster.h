@@ -58,7 +58,8 @@ private:
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(stride_);
     }
     void addLine(float x0, float y0, float x1, float y1, float sign);
-    void addInRow(int y, float from, float to, float height);
+    void addInRow(int y, float left, float right, float height);
+    static void addAcross(float* cells, float left, float right, float height);
     void touch(int y, int firstColumn, int lastColumn);
 
     std::vector<float> differences_;

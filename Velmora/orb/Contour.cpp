@@ -6,6 +6,9 @@
 namespace velmora {
 namespace {
 
+/// How far a chord may stray from the curve, in pixels: a small part of one.
+constexpr float straying = 0.035F;
+
 /// One piece of the outline as a polynomial, so that a vertex costs a few multiplications.
 struct Polynomial {
     float a;
@@ -23,15 +26,31 @@ struct Polynomial {
 
     [[nodiscard]] float at(float t) const { return ((a * t + b) * t + c) * t + d; }
     [[nodiscard]] float slope(float t) const { return (3 * a * t + 2 * b) * t + c; }
+    [[nodiscard]] float bend(float t) const { return 6 * a * t + 2 * b; }
 };
+
+/// How fast the curve leaves its tangent at `t`: only what bends sideways parts it from a chord.
+float sideways(Polynomial const& x, Polynomial const& y, float t)
+{
+    float const dx = x.slope(t);
+    float const dy = y.slope(t);
+    float const cross = dx * y.bend(t) - dy * x.bend(t);
+    return cross * cross / std::max(dx * dx + dy * dy, 1e-12F);
+}
+
+/// Into how many chords to cut a curve so that none strays farther than `tolerance`.
+int chords(Polynomial const& x, Polynomial const& y, float tolerance)
+{
+    float const most = std::max({sideways(x, y, 0), sideways(x, y, 0.5F), sideways(x, y, 1)});
+    // A chord over a step of h strays by an eighth of the second derivative times h squared.
+    return 1 + static_cast<int>(std::sqrt(std::sqrt(most) / (8 * tolerance)));
+}
 
 } // namespace
 
 void Contour::fit(double phase, double side)
 {
-    // Enough that the chords stray from the curve by a small part of a pixel.
-    int const pieces = std::min(9 + static_cast<int>(0.06 * side), maximumPieces);
-    float const step = 1.0F / static_cast<float>(pieces);
+    float const tolerance = straying / static_cast<float>(side);
     BlobOutline const outline
         = organicBlobOutline({.x = -0.5, .y = -0.5, .width = 1, .height = 1}, phase);
     count_ = 0;
@@ -40,6 +59,8 @@ void Contour::fit(double phase, double side)
     for (CubicSegment const& piece : outline.segments) {
         Polynomial const x(from.x, piece.control1.x, piece.control2.x, piece.end.x);
         Polynomial const y(from.y, piece.control1.y, piece.control2.y, piece.end.y);
+        int const pieces = std::min(chords(x, y, tolerance), maximumPieces);
+        float const step = 1.0F / static_cast<float>(pieces);
         for (int i = 0; i < pieces; ++i) {
             float const t = static_cast<float>(i) * step;
             float const dx = x.slope(t);

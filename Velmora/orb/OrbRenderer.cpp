@@ -152,9 +152,9 @@ CellGrid OrbRenderer::Scratch::drawSoftLayers(OrbFrame const& frame, PixelTarget
     double const side = frame.size * target.scale;
     ShadowEffect const& dark = frame.body.shadow;
     HighlightLayer const& light = frame.highlight;
-    glowContour.fit(frame.glow.phase, side / 12);
-    shadowContour.fit(frame.body.phase, side / 12);
-    highlightContour.fit(light.phase, side * std::clamp(std::fabs(light.scale), 0.0, 1.0) / 12);
+    glowContour.fit(frame.glow.phase, side / 6);
+    shadowContour.fit(frame.body.phase, side / 6);
+    highlightContour.fit(light.phase, side * std::clamp(std::fabs(light.scale), 0.0, 1.0) / 6);
     double const edge = std::min(target.width, target.height) / 2.0;
     double const shift = std::max(std::fabs(dark.dx), std::fabs(dark.dy)) * target.scale;
     double const reach = std::max(glowContour.reach() * std::fabs(frame.glow.scale) * side,
