@@ -70,22 +70,7 @@ inline void AreaRaster::touch(int y, int firstColumn, int lastColumn)
     words[lastWord] |= toLast;
 }
 
-inline void AreaRaster::addInRow(int y, float left, float right, float height)
-{
-    int const first = static_cast<int>(left);
-    int const last = static_cast<int>(right);
-    float* const cells = row(y);
-    touch(y, first, last + 1);
-    if (first == last) {
-        float const past = height * ((left + right) * 0.5F - static_cast<float>(first));
-        cells[first] += height - past;
-        cells[first + 1] += past;
-        return;
-    }
-    addAcross(cells, left, right, height);
-}
-
-void AreaRaster::addAcross(float* cells, float left, float right, float height)
+inline void AreaRaster::addAcross(float* cells, float left, float right, float height)
 {
     int const first = static_cast<int>(left);
     int const last = static_cast<int>(right);
@@ -109,6 +94,21 @@ void AreaRaster::addAcross(float* cells, float left, float right, float height)
     float const lastPixel = atEdge * rest + lastArea + height * (1 - rest);
     cells[last] += lastPixel - covered;
     cells[last + 1] += height - lastPixel;
+}
+
+inline void AreaRaster::addInRow(int y, float left, float right, float height)
+{
+    int const first = static_cast<int>(left);
+    int const last = static_cast<int>(right);
+    float* const cells = row(y);
+    touch(y, first, last + 1);
+    if (first == last) {
+        float const past = height * ((left + right) * 0.5F - static_cast<float>(first));
+        cells[first] += height - past;
+        cells[first + 1] += past;
+        return;
+    }
+    addAcross(cells, left, right, height);
 }
 
 void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)

@@ -77,6 +77,11 @@ inline void store(float* to, Lanes x)
 {
     return {_mm_andnot_ps(_mm_set1_ps(-0.0F), a.v)};
 }
+/// Whether any lane of `a` is greater than that of `b`.
+[[nodiscard]] inline bool anyAbove(Lanes a, Lanes b)
+{
+    return _mm_movemask_ps(_mm_cmpgt_ps(a.v, b.v)) != 0;
+}
 [[nodiscard]] inline float last(Lanes a)
 {
     return _mm_cvtss_f32(_mm_shuffle_ps(a.v, a.v, _MM_SHUFFLE(3, 3, 3, 3)));
@@ -112,9 +117,58 @@ inline void storePixels(std::uint32_t* to, Lanes alpha, Lanes red, Lanes green, 
     return {_mm_packs_epi32(_mm_cvtps_epi32(first.v), _mm_cvtps_epi32(second.v))};
 }
 
+[[nodiscard]] inline PixelPair splatNumber(std::int16_t x)
+{
+    return {_mm_set1_epi16(x)};
+}
+[[nodiscard]] inline PixelPair load(std::int16_t const* from)
+{
+    PixelPair pair = {};
+    std::memcpy(&pair.v, from, sizeof pair.v);
+    return pair;
+}
+inline void store(std::int16_t* to, PixelPair x)
+{
+    std::memcpy(to, &x.v, sizeof x.v);
+}
 [[nodiscard]] inline PixelPair operator+(PixelPair a, PixelPair b)
 {
     return {_mm_add_epi16(a.v, b.v)};
+}
+[[nodiscard]] inline PixelPair operator-(PixelPair a, PixelPair b)
+{
+    return {_mm_sub_epi16(a.v, b.v)};
+}
+/// The mean of numbers that are not negative, halves rounded up.
+[[nodiscard]] inline PixelPair average(PixelPair a, PixelPair b)
+{
+    return {_mm_avg_epu16(a.v, b.v)};
+}
+/// The product over 65536, rounded down.
+[[nodiscard]] inline PixelPair highProduct(PixelPair a, PixelPair b)
+{
+    return {_mm_mulhi_epi16(a.v, b.v)};
+}
+[[nodiscard]] inline PixelPair firstTwice(PixelPair a)
+{
+    return {_mm_unpacklo_epi64(a.v, a.v)};
+}
+[[nodiscard]] inline PixelPair secondTwice(PixelPair a)
+{
+    return {_mm_unpackhi_epi64(a.v, a.v)};
+}
+
+/// Four pixels as one vector a channel.
+inline void separate(PixelPair first, PixelPair second, Lanes& a, Lanes& b, Lanes& c, Lanes& d)
+{
+    __m128i const even = _mm_unpacklo_epi16(first.v, second.v);
+    __m128i const odd = _mm_unpackhi_epi16(first.v, second.v);
+    __m128i const low = _mm_unpacklo_epi16(even, odd);
+    __m128i const high = _mm_unpackhi_epi16(even, odd);
+    a.v = _mm_cvtepi32_ps(_mm_srai_epi32(_mm_unpacklo_epi16(low, low), 16));
+    b.v = _mm_cvtepi32_ps(_mm_srai_epi32(_mm_unpackhi_epi16(low, low), 16));
+    c.v = _mm_cvtepi32_ps(_mm_srai_epi32(_mm_unpacklo_epi16(high, high), 16));
+    d.v = _mm_cvtepi32_ps(_mm_srai_epi32(_mm_unpackhi_epi16(high, high), 16));
 }
 
 /// Writes four pixels from channels of 1/128 of a level each, rounded down.
@@ -174,6 +228,14 @@ inline void store(float* to, Lanes x)
 {
     return eachLane([&](std::size_t i) { return std::fabs(a.v[i]); });
 }
+/// Whether any lane of `a` is greater than that of `b`.
+[[nodiscard]] inline bool anyAbove(Lanes a, Lanes b)
+{
+    bool any = false;
+    for (std::size_t i = 0; i < 4; ++i)
+        any = any || a.v[i] > b.v[i];
+    return any;
+}
 [[nodiscard]] inline float last(Lanes a)
 {
     return a.v[3];
@@ -223,12 +285,64 @@ inline void storePixels(std::uint32_t* to, Lanes alpha, Lanes red, Lanes green, 
     return pair;
 }
 
+template <typename Operation>
+[[nodiscard]] inline PixelPair eachNumber(Operation operation)
+{
+    PixelPair result = {};
+    for (std::size_t i = 0; i < 8; ++i)
+        result.v[i] = static_cast<std::int16_t>(operation(i));
+    return result;
+}
+
+[[nodiscard]] inline PixelPair splatNumber(std::int16_t x)
+{
+    return eachNumber([=](std::size_t) { return x; });
+}
+[[nodiscard]] inline PixelPair load(std::int16_t const* from)
+{
+    return eachNumber([=](std::size_t i) { return from[i]; });
+}
+inline void store(std::int16_t* to, PixelPair x)
+{
+    std::memcpy(to, x.v.data(), sizeof x.v);
+}
 [[nodiscard]] inline PixelPair operator+(PixelPair a, PixelPair b)
 {
-    PixelPair sum = {};
-    for (std::size_t i = 0; i < 8; ++i)
-        sum.v[i] = static_cast<std::int16_t>(a.v[i] + b.v[i]);
-    return sum;
+    return eachNumber([&](std::size_t i) { return a.v[i] + b.v[i]; });
+}
+[[nodiscard]] inline PixelPair operator-(PixelPair a, PixelPair b)
+{
+    return eachNumber([&](std::size_t i) { return a.v[i] - b.v[i]; });
+}
+/// The mean of numbers that are not negative, halves rounded up.
+[[nodiscard]] inline PixelPair average(PixelPair a, PixelPair b)
+{
+    return eachNumber([&](std::size_t i) { return (a.v[i] + b.v[i] + 1) / 2; });
+}
+/// The product over 65536, rounded down.
+[[nodiscard]] inline PixelPair highProduct(PixelPair a, PixelPair b)
+{
+    return eachNumber([&](std::size_t i) { return a.v[i] * b.v[i] >> 16; });
+}
+[[nodiscard]] inline PixelPair firstTwice(PixelPair a)
+{
+    return eachNumber([&](std::size_t i) { return a.v[i % 4]; });
+}
+[[nodiscard]] inline PixelPair secondTwice(PixelPair a)
+{
+    return eachNumber([&](std::size_t i) { return a.v[4 + i % 4]; });
+}
+
+/// Four pixels as one vector a channel.
+inline void separate(PixelPair first, PixelPair second, Lanes& a, Lanes& b, Lanes& c, Lanes& d)
+{
+    Lanes* const channels[4] = {&a, &b, &c, &d};
+    for (std::size_t i = 0; i < 4; ++i) {
+        for (std::size_t pixel = 0; pixel < 4; ++pixel) {
+            PixelPair const& pair = pixel < 2 ? first : second;
+            channels[i]->v[pixel] = static_cast<float>(pair.v[pixel % 2 * 4 + i]);
+        }
+    }
 }
 
 /// Writes four pixels from channels of 1/128 of a level each, rounded down.

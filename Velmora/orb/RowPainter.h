@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Velmora/orb/Backdrop.h"
+#include "Velmora/orb/CellRow.h"
 #include "Velmora/orb/Lanes.h"
 #include "Velmora/orb/RippleRing.h"
 
@@ -8,13 +10,6 @@
 #include <vector>
 
 namespace velmora {
-
-/// A colour whose channels are 0 to the level of full white.
-struct LevelColor {
-    float red = 0;
-    float green = 0;
-    float blue = 0;
-};
 
 /// What one frame paints with: colours in levels already multiplied by the stack's opacity,
 /// lengths in device pixels of the picture.
@@ -38,15 +33,17 @@ struct Paint {
 
 /// Puts a frame's layers together, row by row.
 ///
-/// Where no edge passes, a row is runs of two kinds: the soft layers alone, stepped from cell to
-/// cell in whole numbers, and the body's gradient under the highlight. Only the blocks that an
-/// edge or the ring touches are composed layer by layer.
+/// Where no edge passes, a row is runs of two kinds: the soft layers alone, stretched from cell to
+/// cell in whole numbers, and the body's gradient, under the highlight where it shows. Only the
+/// blocks that an edge, the ring or a highlight beyond the body touches are composed layer by
+/// layer.
 class RowPainter {
 public:
     /// Columns left of the picture that the edge rasters have besides it.
     static constexpr int leftPad = AreaRaster::blockSize;
 
-    /// Combines the soft layers for a picture of `width` pixels.
+    /// Combines the soft layers for a picture of `width` pixels. The planes must live until the
+    /// last row is painted.
     void begin(CellGrid const& grid, int width, Paint const& paint, SoftPlane const& glow,
         SoftPlane const& shadow, SoftPlane const& highlight);
 
@@ -55,41 +52,53 @@ public:
     std::uint32_t const* paintRow(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring);
 
 private:
+    /// A row's edges: differences of coverage, and what they have summed up to so far.
     struct Edges {
         float* body;
         float* rim;
         RippleRing const* ring;
         int y;
+        float bodyBefore = 0;
+        float rimBefore = 0;
     };
 
-    void placeColumns(int width);
-    void combine(
-        int row, SoftPlane const& glow, SoftPlane const& shadow, SoftPlane const& highlight);
-    void interpolateRow(int y, bool withFields);
-    /// The first touched block from `block` on, or `limit`.
-    [[nodiscard]] int nextTouched(int block, int limit) const;
-    void paintBackdrop(int from, int end);
+    /// A colour's channel along the gradient, as the first stop plus two slopes.
+    struct Channel {
+        Lanes first;
+        Lanes toSecond;
+        Lanes toThird;
+
+        Channel() = default;
+        Channel(float a, float b, float c);
+        [[nodiscard]] Lanes at(Lanes near, Lanes far) const
+        {
+            return first + toSecond * near + toThird * far;
+        }
+    };
+
+    void collectTouched(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring);
+    /// The first block from `block` on that is touched, or is not, or `limit`.
+    [[nodiscard]] int nextBlock(int block, int limit, bool touched) const;
+    void paintSpan(int from, int end, Edges& edges);
+    template <bool lit>
     void paintInside(int from, int end);
-    void paintEdges(int block, Edges const& edges);
-    void expandHighlight(int from, int end);
+    void paintEdges(int from, int end, Edges& edges);
+    template <bool ringed>
+    void paintEdgeBlock(int x, Edges& edges);
     [[nodiscard]] Lanes gradientPosition(int x) const;
 
-    CellGrid grid_;
     Paint paint_;
+    Backdrop backdrop_;
+    CellRow highlight_;
+    CellRow shadow_;
+    Channel red_;
+    Channel green_;
+    Channel blue_;
     int width_ = 0;
     float gradientPerPixel_ = 1;
     float gradientY2_ = 0;
-    float bodyBefore_ = 0;
-    float rimBefore_ = 0;
-    /// Four floats a cell: glow, shadow, highlight and nothing.
-    std::vector<float> fields_;
-    /// Four floats a cell: the composed pixel's channels, in 1/128 of a level.
-    std::vector<float> backdrop_;
-    std::vector<float> fieldRow_;
-    std::vector<float> backdropRow_;
-    std::vector<float> highlightRow_;
-    std::vector<int> cellOf_;
-    std::vector<float> shareOf_;
+    /// Each column's share of the squared distance to the gradient's centre.
+    std::vector<float> gradientX2_;
     std::vector<std::uint64_t> touched_;
     std::vector<std::uint32_t> pixels_;
 };

@@ -35,7 +35,7 @@ CellGrid CellGrid::covering(int width, int height, double side, double overhang)
 {
     CellGrid grid;
     // Large squares can afford finer cells: they cost little beside the pixels themselves.
-    double const wanted = side < 240 ? side / 21 : side / 38;
+    double const wanted = side < 240 ? side / 16 : side / 32;
     grid.cell = std::clamp(static_cast<int>(wanted), 1, maximumCell);
     double const beyond = std::clamp(overhang / grid.cell, 0.0, 1.0 * maximumMargin);
     grid.margin = std::min(1 + static_cast<int>(std::ceil(beyond)), maximumMargin);

@@ -1,0 +1,133 @@
+#include "Velmora/orb/Backdrop.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr std::int16_t half = 64;
+/// Each of four roundings may lift a colour or lower its alpha by a step.
+constexpr float alphaAhead = 5;
+
+template <typename Buffer>
+void grow(Buffer& buffer, int size)
+{
+    if (buffer.size() < static_cast<std::size_t>(size))
+        buffer.resize(static_cast<std::size_t>(size));
+}
+
+std::size_t index(int at)
+{
+    return static_cast<std::size_t>(at);
+}
+
+std::int16_t place(float share)
+{
+    return static_cast<std::int16_t>(
+        std::lround(std::clamp((share - 0.5F) * 65536, -32768.0F, 32767.0F)));
+}
+
+/// Two values with a share between them, given as `place`.
+PixelPair between(PixelPair from, PixelPair to, PixelPair place)
+{
+    return average(from, to) + highProduct(to - from, place);
+}
+
+} // namespace
+
+void Backdrop::compose(CellGrid const& grid, SoftPlane const& glow, float glowOpacity,
+    LevelColor const& color, SoftPlane const& shadow, float shadowOpacity, float full)
+{
+    bool const otherCells = places_.empty() || grid.cell != grid_.cell;
+    grid_ = grid;
+    grow(cells_, (grid.rows + 1) * grid.stride * 4);
+    grow(row_, (grid.stride + 2) * 4);
+    if (otherCells) {
+        places_.resize(index(grid.cell + AreaRaster::blockSize) * 4);
+        for (int x = 0; x < grid.cell + AreaRaster::blockSize; ++x) {
+            float const offset = static_cast<float>(x) + grid.firstOffset();
+            std::fill_n(places_.data() + x * 4, 4, place(offset / static_cast<float>(grid.cell)));
+        }
+    }
+    Lanes const steps = splat(levelSteps);
+    Lanes const rounding = splat(static_cast<float>(half));
+    for (int row = 0; row < grid.rows; ++row) {
+        std::int16_t* out = cells_.data() + index(row * grid.stride) * 4;
+        for (int x = 0; x < grid.stride; x += 4, out += 16) {
+            Lanes const g = splat(glowOpacity) * load(glow.row(row) + x);
+            Lanes const s = splat(shadowOpacity) * load(shadow.row(row) + x);
+            Lanes const lit = (g - g * s) * steps;
+            Lanes alpha
+                = (lit + s * steps) * splat(full) + splat(static_cast<float>(half) + alphaAhead);
+            Lanes red = lit * splat(color.red) + rounding;
+            Lanes green = lit * splat(color.green) + rounding;
+            Lanes blue = lit * splat(color.blue) + rounding;
+            if constexpr (std::endian::native == std::endian::little) {
+                std::swap(blue, alpha);
+                std::swap(green, red);
+            }
+            transpose(alpha, red, green, blue);
+            store(out, pixelPair(alpha, red));
+            store(out + 8, pixelPair(green, blue));
+        }
+    }
+}
+
+void Backdrop::beginRow(int y, int width)
+{
+    grow(wide_, (width + 2 * overshoot) * 4);
+    int const shifted = y - grid_.cell / 2 + grid_.margin * grid_.cell;
+    PixelPair const down = splatNumber(places_[index(shifted % grid_.cell) * 4]);
+    int const length = grid_.stride * 4;
+    std::int16_t const* const above = cells_.data() + index(shifted / grid_.cell * length);
+    for (int i = 0; i < grid_.columns * 4; i += 8)
+        store(row_.data() + i, between(load(above + i), load(above + length + i), down));
+}
+
+template <typename Sink>
+void Backdrop::run(int from, int end, Sink const& sink) const
+{
+    int const shifted = from - grid_.cell / 2 + grid_.margin * grid_.cell;
+    std::int16_t const* cell = row_.data() + index(shifted / grid_.cell) * 4;
+    int const offset = shifted % grid_.cell;
+    std::int16_t const* places = places_.data() + index(offset) * 4;
+    int x = from;
+    int stop = from - offset + grid_.cell;
+    while (x < end) {
+        PixelPair const both = load(cell);
+        PixelPair const left = firstTwice(both);
+        PixelPair const right = secondTwice(both);
+        PixelPair const middle = average(left, right);
+        PixelPair const step = right - left;
+        stop = std::min(stop, end);
+        for (int at = x; at < stop; at += 4, places += 16) {
+            sink(at, middle + highProduct(step, load(places)),
+                middle + highProduct(step, load(places + 8)));
+        }
+        x = stop;
+        stop += grid_.cell;
+        cell += 4;
+        places = places_.data();
+    }
+}
+
+void Backdrop::paint(std::uint32_t* row, int from, int end) const
+{
+    run(from, end,
+        [row](int x, PixelPair first, PixelPair second) { storePixels(row + x, first, second); });
+}
+
+void Backdrop::widen(int from, int end)
+{
+    PixelPair const rounding = splatNumber(half);
+    std::int16_t* const out = wide_.data() + index(overshoot) * 4;
+    run(from, end, [=](int x, PixelPair first, PixelPair second) {
+        store(out + x * 4, first - rounding);
+        store(out + x * 4 + 8, second - rounding);
+    });
+}
+
+} // namespace velmora
