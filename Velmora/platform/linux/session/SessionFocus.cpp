@@ -64,6 +64,8 @@ FocusRequest parse(QDBusMessage const& message)
         else if (key == previewKey())
             request.preview = isTrue(value.variant());
     }
+    // The reader of a map holds the whole message until it is told that the map is over.
+    dictionary.endMap();
     return request;
 }
 
