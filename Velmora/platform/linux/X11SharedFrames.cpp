@@ -39,6 +39,12 @@ bool hasAlpha(xcb_connection_t* connection, xcb_window_t window)
     return geometry && geometry->depth == depthWithAlpha;
 }
 
+/// Whether memory was mapped: a failure is told by the address -1.
+bool mapped(void* memory)
+{
+    return std::bit_cast<std::intptr_t>(memory) != -1;
+}
+
 std::size_t bytesOf(int width, int height)
 {
     return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * bytesPerPixel;
@@ -105,11 +111,10 @@ bool X11SharedFrames::hasRoomFor(std::size_t bytes)
     auto* memory = shmat(id, nullptr, 0);
     m_segment = xcb_generate_id(m_connection);
     // Both sides hold it by now, or never will: it goes when the last of them lets go.
-    auto const shared
-        = memory != reinterpret_cast<void*>(-1) && attached(m_connection, m_segment, id);
+    auto const shared = mapped(memory) && attached(m_connection, m_segment, id);
     shmctl(id, IPC_RMID, nullptr);
     if (!shared) {
-        if (memory != reinterpret_cast<void*>(-1))
+        if (mapped(memory))
             shmdt(memory);
         m_window = XCB_WINDOW_NONE;
         return false;
