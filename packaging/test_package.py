@@ -41,8 +41,9 @@ class BareRoot:
         shutil.copy("/etc/resolv.conf", folder / "etc/resolv.conf")
 
     def command(self, *words: str, settings: tuple[str, ...] = ()) -> list[str]:
-        """The command line that runs these words in there."""
-        return ["chroot", str(self.folder), *_ENVIRONMENT, *settings, *words]
+        """The command line that runs these words in there, with the kernel's view of the processes."""
+        return ["unshare", "--mount", "sh", "-c", 'mount -t proc proc "$0/proc" && exec chroot "$0" "$@"',
+                str(self.folder), *_ENVIRONMENT, *settings, *words]
 
     def run(self, *words: str) -> str:
         """Runs these words in there, and answers what they say."""
