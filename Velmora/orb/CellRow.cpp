@@ -37,6 +37,12 @@ void CellRow::beginRow(int y)
 {
     int const shifted = y - grid_.cell / 2 + grid_.margin * grid_.cell;
     int const row = shifted / grid_.cell;
+    from_ = 0;
+    end_ = 0;
+    if (!plane_->shows(row) && !plane_->shows(row + 1)) {
+        std::fill_n(cells_.data(), grid_.stride, 0.0F);
+        return;
+    }
     float const below = shares_[static_cast<std::size_t>(shifted % grid_.cell)] * opacity_;
     Lanes const first = splat(opacity_ - below);
     Lanes const second = splat(below);

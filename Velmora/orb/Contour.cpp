@@ -7,7 +7,7 @@ namespace velmora {
 namespace {
 
 /// How far a chord may stray from the curve, in pixels: a small part of one.
-constexpr float straying = 0.035F;
+constexpr float straying = 0.04F;
 
 /// One piece of the outline as a polynomial, so that a vertex costs a few multiplications.
 struct Polynomial {

@@ -115,7 +115,7 @@ struct OrbRenderer::Scratch {
     RippleRing ring;
     RowPainter painter;
 
-    CellGrid drawSoftLayers(OrbFrame const& frame, PixelTarget const& target);
+    SoftGrids drawSoftLayers(OrbFrame const& frame, PixelTarget const& target);
     void drawEdges(OrbFrame const& frame, PixelTarget const& target);
     void drawRing(RippleLayer const& ripple, OrbFrame const& frame, PixelTarget const& target);
     Contour const& contour(double phase, OrbFrame const& frame, PixelTarget const& target);
@@ -147,7 +147,7 @@ Placing moved(Placing placing, double dx, double dy)
 
 } // namespace
 
-CellGrid OrbRenderer::Scratch::drawSoftLayers(OrbFrame const& frame, PixelTarget const& target)
+SoftGrids OrbRenderer::Scratch::drawSoftLayers(OrbFrame const& frame, PixelTarget const& target)
 {
     double const side = frame.size * target.scale;
     ShadowEffect const& dark = frame.body.shadow;
@@ -159,19 +159,23 @@ CellGrid OrbRenderer::Scratch::drawSoftLayers(OrbFrame const& frame, PixelTarget
     double const shift = std::max(std::fabs(dark.dx), std::fabs(dark.dy)) * target.scale;
     double const reach = std::max(glowContour.reach() * std::fabs(frame.glow.scale) * side,
         bodyContour.reach() * std::fabs(frame.body.scale) * side + shift);
-    CellGrid const grid
-        = CellGrid::covering(target.width, target.height, side, std::max(reach - edge, 0.0));
-    glow.draw(grid, glowContour, placing(target, frame.glow.scale * side),
+    // Large squares can afford finer cells: they cost little beside the pixels themselves. The
+    // highlight's blur is the narrowest.
+    SoftGrids const grids = {.back = CellGrid::covering(target.width, target.height,
+                                 side / (side < 240 ? 16 : 32), std::max(reach - edge, 0.0)),
+        .light = CellGrid::covering(target.width, target.height, side / (side < 240 ? 21 : 32),
+            std::max(reach - edge, 0.0))};
+    glow.draw(grids.back, glowContour, placing(target, frame.glow.scale * side),
         frame.glow.blur * std::fabs(frame.glow.scale) * target.scale);
-    shadow.draw(grid, shadowContour,
+    shadow.draw(grids.back, shadowContour,
         moved(placing(target, frame.body.scale * side), dark.dx * target.scale,
             dark.dy * target.scale),
         dark.radius * target.scale);
-    highlight.draw(grid, highlightContour,
+    highlight.draw(grids.light, highlightContour,
         moved(
             placing(target, light.scale * side), light.dx * target.scale, light.dy * target.scale),
         light.blur * target.scale);
-    return grid;
+    return grids;
 }
 
 Contour const& OrbRenderer::Scratch::contour(
@@ -227,12 +231,12 @@ void OrbRenderer::render(
     }
     Scratch& s = *scratch_;
     s.bodyContour.fit(frame.body.phase, frame.size * target.scale);
-    CellGrid const grid = s.drawSoftLayers(frame, target);
+    SoftGrids const grids = s.drawSoftLayers(frame, target);
     s.drawEdges(frame, target);
     if (frame.ripple)
         s.drawRing(*frame.ripple, frame, target);
     s.painter.begin(
-        grid, target.width, paint(frame, target, opacity), s.glow, s.shadow, s.highlight);
+        grids, target.width, paint(frame, target, opacity), s.glow, s.shadow, s.highlight);
     for (int y = 0; y < target.height; ++y) {
         std::uint32_t const* const row
             = s.painter.paintRow(y, s.body, s.rim, frame.ripple ? &s.ring : nullptr);

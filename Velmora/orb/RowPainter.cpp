@@ -37,7 +37,7 @@ RowPainter::Channel::Channel(float a, float b, float c)
 {
 }
 
-void RowPainter::begin(CellGrid const& grid, int width, Paint const& paint, SoftPlane const& glow,
+void RowPainter::begin(SoftGrids const& grids, int width, Paint const& paint, SoftPlane const& glow,
     SoftPlane const& shadow, SoftPlane const& highlight)
 {
     paint_ = paint;
@@ -57,9 +57,9 @@ void RowPainter::begin(CellGrid const& grid, int width, Paint const& paint, Soft
         store(gradientX2_.data() + x, across * across);
     }
     backdrop_.compose(
-        grid, glow, paint.glowOpacity, paint.glow, shadow, paint.shadowOpacity, paint.full);
-    highlight_.begin(grid, highlight, paint.highlightOpacity, width);
-    shadow_.begin(grid, shadow, paint.shadowOpacity, width);
+        grids.back, glow, paint.glowOpacity, paint.glow, shadow, paint.shadowOpacity, paint.full);
+    highlight_.begin(grids.light, highlight, paint.highlightOpacity, width);
+    shadow_.begin(grids.back, shadow, paint.shadowOpacity, width);
 }
 
 void RowPainter::collectTouched(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring)

@@ -31,6 +31,12 @@ struct Paint {
     float gradientRadius = 1;
 };
 
+/// The cells of the soft layers behind the body and of the highlight.
+struct SoftGrids {
+    CellGrid back;
+    CellGrid light;
+};
+
 /// Puts a frame's layers together, row by row.
 ///
 /// Where no edge passes, a row is runs of two kinds: the soft layers alone, stretched from cell to
@@ -44,7 +50,7 @@ public:
 
     /// Combines the soft layers for a picture of `width` pixels. The planes must live until the
     /// last row is painted.
-    void begin(CellGrid const& grid, int width, Paint const& paint, SoftPlane const& glow,
+    void begin(SoftGrids const& grids, int width, Paint const& paint, SoftPlane const& glow,
         SoftPlane const& shadow, SoftPlane const& highlight);
 
     /// The pixels of row `y`, valid until the next call. Clears the rasters' row; `ring` may be

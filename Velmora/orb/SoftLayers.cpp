@@ -31,11 +31,9 @@ void grow(Buffer& buffer, std::size_t size)
 
 } // namespace
 
-CellGrid CellGrid::covering(int width, int height, double side, double overhang)
+CellGrid CellGrid::covering(int width, int height, double wanted, double overhang)
 {
     CellGrid grid;
-    // Large squares can afford finer cells: they cost little beside the pixels themselves.
-    double const wanted = side < 240 ? side / 16 : side / 32;
     grid.cell = std::clamp(static_cast<int>(wanted), 1, maximumCell);
     double const beyond = std::clamp(overhang / grid.cell, 0.0, 1.0 * maximumMargin);
     grid.margin = std::min(1 + static_cast<int>(std::ceil(beyond)), maximumMargin);

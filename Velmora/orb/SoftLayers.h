@@ -18,9 +18,9 @@ struct CellGrid {
     /// The columns rounded up to whole lanes.
     int stride = 0;
 
-    /// The grid for a picture of `width` x `height` pixels of a square of `side` pixels, whose
-    /// outlines overhang the picture by `overhang` pixels.
-    static CellGrid covering(int width, int height, double side, double overhang);
+    /// The grid for a picture of `width` x `height` pixels whose outlines overhang it by
+    /// `overhang` pixels, with cells of about `wanted` pixels.
+    static CellGrid covering(int width, int height, double wanted, double overhang);
 
     /// Where a pixel position along an axis lies on the grid, in cells.
     [[nodiscard]] float position(double pixels) const
@@ -57,6 +57,12 @@ public:
     /// device pixels.
     void draw(
         CellGrid const& grid, Contour const& contour, Placing const& placing, double deviation);
+
+    /// Whether a row of cells can hold anything but zeros.
+    [[nodiscard]] bool shows(int y) const
+    {
+        return y >= raster_.firstRow() - kernel_.radius && y < raster_.endRow() + kernel_.radius;
+    }
 
     /// The coverage of a row of cells, 0..1.
     [[nodiscard]] float const* row(int y) const
