@@ -28,7 +28,7 @@ public:
     [[nodiscard]] QAccessibleInterface* parent() const override;
     [[nodiscard]] int childCount() const override;
     [[nodiscard]] QAccessibleInterface* child(int index) const override;
-    [[nodiscard]] int indexOfChild(QAccessibleInterface const* child) const override;
+    [[nodiscard]] int indexOfChild(QAccessibleInterface const* wanted) const override;
     [[nodiscard]] QWindow* window() const override;
     [[nodiscard]] QRect rect() const override;
     [[nodiscard]] QString text(QAccessible::Text kind) const override;

@@ -182,7 +182,7 @@ void WidgetPanel::drawFrame()
     m_view.draw(*canvas, m_seams.clock.now());
     m_container.drawGrip(*canvas);
     if (!m_seams.desktop.translucent())
-        m_view.drawBackdrop(*canvas);
+        WidgetView::drawBackdrop(*canvas);
     m_presenter.present();
 }
 
@@ -190,6 +190,7 @@ std::optional<DisplayId> WidgetPanel::display() const
 {
     auto const all = m_seams.displays.all();
     std::vector<ScreenFrames> frames;
+    frames.reserve(all.size());
     for (auto const& display : all)
         frames.push_back(display.frames);
     auto const index = displayHolding(m_frame, frames);
