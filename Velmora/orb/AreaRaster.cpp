@@ -23,9 +23,14 @@ void AreaRaster::resize(int columns, int rows)
     int const blocks = (columns + blockSize - 1) / blockSize + 1;
     stride_ = blocks * blockSize;
     words_ = (blocks + static_cast<int>(bitsPerWord) - 1) / static_cast<int>(bitsPerWord);
-    std::size_t const height = static_cast<std::size_t>(rows);
-    differences_.resize(std::max(differences_.size(), height * static_cast<std::size_t>(stride_)));
-    touched_.resize(std::max(touched_.size(), height * static_cast<std::size_t>(words_)));
+    // Rasters of cells change by a row or two from frame to frame: room for those at once.
+    auto const height = static_cast<std::size_t>(rows);
+    auto const stride = static_cast<std::size_t>(stride_);
+    if (differences_.size() < height * stride)
+        differences_.resize((height + 2) * (stride + std::size_t{2} * blockSize));
+    auto const words = static_cast<std::size_t>(words_);
+    if (touched_.size() < height * words)
+        touched_.resize((height + 2) * (words + 1));
     firstRow_ = rows;
     endRow_ = 0;
 }

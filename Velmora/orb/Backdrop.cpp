@@ -43,8 +43,10 @@ void Backdrop::compose(CellGrid const& grid, SoftPlane const& glow, float glowOp
 {
     bool const otherCells = places_.empty() || grid.cell != grid_.cell;
     grid_ = grid;
-    grow(cells_, (grid.rows + 1) * grid.stride * 4);
-    grow(row_, (grid.stride + 2) * 4);
+    if (cells_.size() < index((grid.rows + 1) * grid.stride) * 4)
+        cells_.resize(grid.room() * 4);
+    if (row_.size() < index(grid.stride + 2) * 4)
+        row_.resize(index(grid.stride + 10) * 4);
     if (otherCells) {
         places_.resize(index(grid.cell + AreaRaster::blockSize) * 4);
         for (int x = 0; x < grid.cell + AreaRaster::blockSize; ++x) {

@@ -24,7 +24,8 @@ void CellRow::begin(CellGrid const& grid, SoftPlane const& plane, float opacity,
     plane_ = &plane;
     opacity_ = opacity;
     width_ = width;
-    grow(cells_, grid.stride + blockSize);
+    if (cells_.size() < static_cast<std::size_t>(grid.stride + blockSize))
+        grow(cells_, grid.stride + 8 + blockSize);
     grow(pixels_, width + 2 * overshoot);
     grow(shares_, grid.cell + blockSize);
     for (int x = 0; x < grid.cell + blockSize; ++x) {

@@ -204,8 +204,7 @@ void OrbRenderer::Scratch::drawRing(
     RippleLayer const& ripple, OrbFrame const& frame, PixelTarget const& target)
 {
     double const line = ripple.lineWidth * ripple.scale * target.scale;
-    ring.draw(target.width + RowPainter::leftPad, target.height,
-        contour(ripple.phase, frame, target),
+    ring.draw(contour(ripple.phase, frame, target),
         inEdgeRaster(placing(target, ripple.scale * frame.size * target.scale, line)),
         ripple.blur * target.scale);
 }
@@ -233,6 +232,7 @@ void OrbRenderer::render(
     s.bodyContour.fit(frame.body.phase, frame.size * target.scale);
     SoftGrids const grids = s.drawSoftLayers(frame, target);
     s.drawEdges(frame, target);
+    s.ring.resize(target.width + RowPainter::leftPad, target.height);
     if (frame.ripple)
         s.drawRing(*frame.ripple, frame, target);
     s.painter.begin(

@@ -26,11 +26,8 @@ void set(std::uint64_t* words, int block)
 
 } // namespace
 
-void RippleRing::draw(
-    int width, int height, Contour const& contour, Placing const& placing, double deviation)
+void RippleRing::resize(int width, int height)
 {
-    double const blur = std::min(deviation, widestBlur);
-    kernel_.fit(blur * blur);
     raster_.resize(width, height);
     rows_ = height;
     stride_ = raster_.stride();
@@ -40,6 +37,12 @@ void RippleRing::draw(
     marks_.resize(std::max(marks_.size(), area(words_, rows_)));
     line_.resize(std::max(line_.size(),
         static_cast<std::size_t>(stride_ + 2 * BlurKernel::maximumRadius + blockSize)));
+}
+
+void RippleRing::draw(Contour const& contour, Placing const& placing, double deviation)
+{
+    double const blur = std::min(deviation, widestBlur);
+    kernel_.fit(blur * blur);
     raster_.add(contour, placing, false);
     Placing inner = placing;
     inner.offset = -placing.offset;
@@ -124,7 +127,6 @@ void RippleRing::clear()
         }
         std::fill_n(marks, words_, std::uint64_t{0});
     }
-    rows_ = 0;
 }
 
 } // namespace velmora

@@ -11,10 +11,12 @@ namespace velmora {
 /// The blurred stroke of a contour at full resolution, worked out only where it shows.
 class RippleRing {
 public:
+    /// Makes room for pictures of a size, so that a ring may appear without allocating.
+    void resize(int width, int height);
+
     /// Draws the ring whose edges are the contour moved by `placing.offset` to either side,
     /// blurred with `deviation` device pixels (at most 20).
-    void draw(
-        int width, int height, Contour const& contour, Placing const& placing, double deviation);
+    void draw(Contour const& contour, Placing const& placing, double deviation);
 
     /// Adds the blocks of row `y` that the ring touches to `touched`.
     void mark(int y, std::uint64_t* touched) const;

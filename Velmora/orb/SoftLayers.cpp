@@ -22,11 +22,10 @@ double ownVariance(int cell)
     return square / 12 + interpolation;
 }
 
-template <typename Buffer>
-void grow(Buffer& buffer, std::size_t size)
+void grow(std::vector<float>& buffer, std::size_t needed, std::size_t room)
 {
-    if (buffer.size() < size)
-        buffer.resize(size);
+    if (buffer.size() < needed)
+        buffer.resize(room);
 }
 
 } // namespace
@@ -84,9 +83,10 @@ void SoftPlane::resize(CellGrid const& grid)
 {
     stride_ = grid.stride;
     raster_.resize(grid.stride, grid.rows);
-    grow(line_, static_cast<std::size_t>(grid.stride + 2 * BlurKernel::maximumRadius + 4));
-    grow(across_, area(grid.stride, grid.rows));
-    grow(plane_, area(grid.stride, grid.rows));
+    auto const line = static_cast<std::size_t>(grid.stride + 2 * BlurKernel::maximumRadius + 4);
+    grow(line_, line, line + 8);
+    grow(across_, area(grid.stride, grid.rows), grid.room());
+    grow(plane_, area(grid.stride, grid.rows), grid.room());
 }
 
 void SoftPlane::draw(

@@ -22,6 +22,12 @@ struct CellGrid {
     /// `overhang` pixels, with cells of about `wanted` pixels.
     static CellGrid covering(int width, int height, double wanted, double overhang);
 
+    /// The cells to make room for: a breath moves the margin by one, and that must not allocate.
+    [[nodiscard]] std::size_t room() const
+    {
+        return static_cast<std::size_t>(stride + 8) * static_cast<std::size_t>(rows + 3);
+    }
+
     /// Where a pixel position along an axis lies on the grid, in cells.
     [[nodiscard]] float position(double pixels) const
     {

@@ -1,40 +1,15 @@
+#include "tests/orb/CountedAllocations.h"
 #include "tests/orb/ReferenceRenderer.h"
 
 #include "Velmora/orb/OrbRenderer.h"
 
 #include <benchmark/benchmark.h>
 
-#include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <new>
 #include <string>
 #include <vector>
-
-namespace {
-
-std::atomic<long> allocations = 0;
-
-} // namespace
-
-// Counts what the renderer asks for; the memory itself comes from the C library.
-void* operator new(std::size_t size)
-{
-    ++allocations;
-    if (void* const memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace velmora {
 namespace {
@@ -65,10 +40,10 @@ void drawFrames(benchmark::State& run, OrbState state, double size, double scale
     OrbRenderer renderer;
     OrbFrame const frame = orbFrame(state, now);
     renderer.render(frame, target);
-    long const before = allocations;
+    long const before = allocationCount();
     for (auto _ : run)
         renderer.render(frame, target);
-    run.counters["allocations"] = static_cast<double>(allocations - before);
+    run.counters["allocations"] = static_cast<double>(allocationCount() - before);
     double const one = microsecondsOf(50, [&] { renderer.render(frame, target); });
     double const fill = microsecondsOf(200, [&] {
         std::memset(pixels.data(), 1, pixels.size() * 4);

@@ -1,0 +1,86 @@
+#include "Velmora/orb/OrbRenderer.h"
+
+#include "tests/orb/CountedAllocations.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace velmora {
+namespace {
+
+constexpr double now = 800000002.25;
+
+struct Square {
+    int side;
+    std::vector<std::uint32_t> pixels;
+
+    explicit Square(int length)
+        : side(length)
+        , pixels(static_cast<std::size_t>(length) * static_cast<std::size_t>(length))
+    {
+    }
+
+    PixelTarget target(double scale)
+    {
+        return {.bytes = reinterpret_cast<std::uint8_t*>(pixels.data()),
+            .width = side,
+            .height = side,
+            .stride = std::ptrdiff_t{4} * side,
+            .scale = scale};
+    }
+};
+
+TEST(OrbRenderer, AllocatesNothingAfterTheFirstFrameOfASize)
+{
+    for (double scale : {1.0, 1.25, 2.0}) {
+        Square square(static_cast<int>(128 * scale));
+        OrbRenderer renderer;
+        OrbState state = {.widgetSize = 128};
+        long const atFirst = allocationCount();
+        renderer.render(orbFrame(state, now), square.target(scale));
+        // Were this not counted, the next line would promise nothing.
+        EXPECT_GT(allocationCount(), atFirst);
+        long const before = allocationCount();
+        for (int frame = 0; frame < 600; ++frame) {
+            state.isReminding = frame % 3 != 0;
+            state.paused = frame % 40 >= 30;
+            state.inActiveHours = frame % 70 < 50;
+            renderer.render(orbFrame(state, now + frame / 7.0), square.target(scale));
+        }
+        EXPECT_EQ(allocationCount(), before) << scale;
+    }
+}
+
+TEST(OrbRenderer, ACaptionOutsideHoursFadesWithTheWholeStackAndStaysNearWhiteOnWhite)
+{
+    OrbState const state = {.inActiveHours = false, .showWord = true, .widgetSize = 128};
+    OrbFrame const frame = orbFrame(state, now);
+    ASSERT_TRUE(frame.caption);
+    Square square(128);
+    OrbRenderer renderer;
+    renderer.render(frame, square.target(1), StackOpacity::deferred);
+    // The stem of a letter: white at the word's opacity over the middle of the body.
+    std::uint32_t& middle = square.pixels[std::size_t{64} * 128 + 64];
+    double const white = frame.caption->wordOpacity;
+    std::uint32_t lettered = 0;
+    for (unsigned shift = 0; shift < 32; shift += 8) {
+        double const level = (1 - white) * (middle >> shift & 255U) + white * 255;
+        lettered |= static_cast<std::uint32_t>(std::lround(level)) << shift;
+    }
+    middle = lettered;
+    multiplyOpacity(square.target(1), frame.opacity);
+    // Over a white desktop. Were the word faded by itself, the orb would shine through and leave
+    // about 225.
+    int const alpha = static_cast<int>(middle >> 24U);
+    for (unsigned shift = 0; shift < 24; shift += 8) {
+        int const shown = static_cast<int>(middle >> shift & 255U) + 255 - alpha;
+        EXPECT_NEAR(shown, 247, 2) << shift;
+    }
+}
+
+} // namespace
+} // namespace velmora
