@@ -18,21 +18,21 @@ float limited(float x, float high)
 
 void AreaRaster::resize(int columns, int rows)
 {
-    columns_ = columns;
-    rows_ = rows;
+    m_columns = columns;
+    m_rows = rows;
     int const blocks = (columns + blockSize - 1) / blockSize + 1;
-    stride_ = blocks * blockSize;
-    words_ = (blocks + static_cast<int>(bitsPerWord) - 1) / static_cast<int>(bitsPerWord);
+    m_stride = blocks * blockSize;
+    m_words = (blocks + static_cast<int>(bitsPerWord) - 1) / static_cast<int>(bitsPerWord);
     // Rasters of cells change by a row or two from frame to frame: room for those at once.
     auto const height = static_cast<std::size_t>(rows);
-    auto const stride = static_cast<std::size_t>(stride_);
-    if (differences_.size() < height * stride)
-        differences_.resize((height + 2) * (stride + std::size_t{2} * blockSize));
-    auto const words = static_cast<std::size_t>(words_);
-    if (touched_.size() < height * words)
-        touched_.resize((height + 2) * (words + 1));
-    firstRow_ = rows;
-    endRow_ = 0;
+    auto const stride = static_cast<std::size_t>(m_stride);
+    if (m_differences.size() < height * stride)
+        m_differences.resize((height + 2) * (stride + std::size_t{2} * blockSize));
+    auto const words = static_cast<std::size_t>(m_words);
+    if (m_touched.size() < height * words)
+        m_touched.resize((height + 2) * (words + 1));
+    m_firstRow = rows;
+    m_endRow = 0;
 }
 
 void AreaRaster::add(Contour const& contour, Placing const& placing, bool subtract)
@@ -123,7 +123,7 @@ void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
         std::swap(y0, y1);
         sign = -sign;
     }
-    float const height = static_cast<float>(rows_);
+    float const height = static_cast<float>(m_rows);
     if (!(y0 < y1) || y1 <= 0 || y0 >= height)
         return;
     float const slope = (x1 - x0) / (y1 - y0);
@@ -133,9 +133,9 @@ void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
     int const first = static_cast<int>(top);
     int const last = static_cast<int>(bottom);
     int const end = static_cast<float>(last) < bottom ? last + 1 : last;
-    firstRow_ = std::min(firstRow_, first);
-    endRow_ = std::max(endRow_, end);
-    float const width = static_cast<float>(columns_);
+    m_firstRow = std::min(m_firstRow, first);
+    m_endRow = std::max(m_endRow, end);
+    float const width = static_cast<float>(m_columns);
     // A line well within the raster stays within it whatever the rounding, unless it is so flat
     // that its slope is no number.
     bool const within = std::min(x0, x1) > 1 && std::max(x0, x1) < width - 1 && y1 - y0 > 1e-6F;

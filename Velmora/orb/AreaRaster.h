@@ -35,41 +35,41 @@ public:
     void add(Contour const& contour, Placing const& placing, bool subtract);
 
     /// The differences of a row; one block more than the blocks of the columns.
-    [[nodiscard]] float* row(int y) { return differences_.data() + rowOffset(y); }
+    [[nodiscard]] float* row(int y) { return m_differences.data() + rowOffset(y); }
 
     /// The touched blocks of a row, one bit each, in `words()` words.
     [[nodiscard]] std::uint64_t* touched(int y)
     {
-        return touched_.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(words_);
+        return m_touched.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_words);
     }
 
-    [[nodiscard]] int words() const { return words_; }
-    [[nodiscard]] int stride() const { return stride_; }
-    [[nodiscard]] int rows() const { return rows_; }
+    [[nodiscard]] int words() const { return m_words; }
+    [[nodiscard]] int stride() const { return m_stride; }
+    [[nodiscard]] int rows() const { return m_rows; }
 
     /// The rows that edges have touched since the last `resize`: from the first up to, not
     /// including, the end.
-    [[nodiscard]] int firstRow() const { return firstRow_; }
-    [[nodiscard]] int endRow() const { return endRow_; }
+    [[nodiscard]] int firstRow() const { return m_firstRow; }
+    [[nodiscard]] int endRow() const { return m_endRow; }
 
 private:
     [[nodiscard]] std::size_t rowOffset(int y) const
     {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(stride_);
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_stride);
     }
     void addLine(float x0, float y0, float x1, float y1, float sign);
     void addInRow(int y, float left, float right, float height);
     static void addAcross(float* cells, float left, float right, float height);
     void touch(int y, int firstColumn, int lastColumn);
 
-    std::vector<float> differences_;
-    std::vector<std::uint64_t> touched_;
-    int columns_ = 0;
-    int rows_ = 0;
-    int stride_ = 0;
-    int words_ = 0;
-    int firstRow_ = 0;
-    int endRow_ = 0;
+    std::vector<float> m_differences;
+    std::vector<std::uint64_t> m_touched;
+    int m_columns = 0;
+    int m_rows = 0;
+    int m_stride = 0;
+    int m_words = 0;
+    int m_firstRow = 0;
+    int m_endRow = 0;
 };
 
 } // namespace velmora

@@ -41,23 +41,23 @@ PixelPair between(PixelPair from, PixelPair to, PixelPair place)
 void Backdrop::compose(CellGrid const& grid, SoftPlane const& glow, float glowOpacity,
     LevelColor const& color, SoftPlane const& shadow, float shadowOpacity, float full)
 {
-    bool const otherCells = places_.empty() || grid.cell != grid_.cell;
-    grid_ = grid;
-    if (cells_.size() < index((grid.rows + 1) * grid.stride) * 4)
-        cells_.resize(grid.room() * 4);
-    if (row_.size() < index(grid.stride + 2) * 4)
-        row_.resize(index(grid.stride + 10) * 4);
+    bool const otherCells = m_places.empty() || grid.cell != m_grid.cell;
+    m_grid = grid;
+    if (m_cells.size() < index((grid.rows + 1) * grid.stride) * 4)
+        m_cells.resize(grid.room() * 4);
+    if (m_row.size() < index(grid.stride + 2) * 4)
+        m_row.resize(index(grid.stride + 10) * 4);
     if (otherCells) {
-        places_.resize(index(grid.cell + AreaRaster::blockSize) * 4);
+        m_places.resize(index(grid.cell + AreaRaster::blockSize) * 4);
         for (int x = 0; x < grid.cell + AreaRaster::blockSize; ++x) {
             float const offset = static_cast<float>(x) + grid.firstOffset();
-            std::fill_n(places_.data() + x * 4, 4, place(offset / static_cast<float>(grid.cell)));
+            std::fill_n(m_places.data() + x * 4, 4, place(offset / static_cast<float>(grid.cell)));
         }
     }
     Lanes const steps = splat(levelSteps);
     Lanes const rounding = splat(static_cast<float>(half));
     for (int row = 0; row < grid.rows; ++row) {
-        std::int16_t* out = cells_.data() + index(row * grid.stride) * 4;
+        std::int16_t* out = m_cells.data() + index(row * grid.stride) * 4;
         for (int x = 0; x < grid.stride; x += 4, out += 16) {
             Lanes const g = splat(glowOpacity) * load(glow.row(row) + x);
             Lanes const s = splat(shadowOpacity) * load(shadow.row(row) + x);
@@ -80,24 +80,24 @@ void Backdrop::compose(CellGrid const& grid, SoftPlane const& glow, float glowOp
 
 void Backdrop::beginRow(int y, int width)
 {
-    grow(wide_, (width + 2 * overshoot) * 4);
-    int const shifted = y - grid_.cell / 2 + grid_.margin * grid_.cell;
-    PixelPair const down = splatNumber(places_[index(shifted % grid_.cell) * 4]);
-    int const length = grid_.stride * 4;
-    std::int16_t const* const above = cells_.data() + index(shifted / grid_.cell * length);
-    for (int i = 0; i < grid_.columns * 4; i += 8)
-        store(row_.data() + i, between(load(above + i), load(above + length + i), down));
+    grow(m_wide, (width + 2 * overshoot) * 4);
+    int const shifted = y - m_grid.cell / 2 + m_grid.margin * m_grid.cell;
+    PixelPair const down = splatNumber(m_places[index(shifted % m_grid.cell) * 4]);
+    int const length = m_grid.stride * 4;
+    std::int16_t const* const above = m_cells.data() + index(shifted / m_grid.cell * length);
+    for (int i = 0; i < m_grid.columns * 4; i += 8)
+        store(m_row.data() + i, between(load(above + i), load(above + length + i), down));
 }
 
 template <typename Sink>
 void Backdrop::run(int from, int end, Sink const& sink) const
 {
-    int const shifted = from - grid_.cell / 2 + grid_.margin * grid_.cell;
-    std::int16_t const* cell = row_.data() + index(shifted / grid_.cell) * 4;
-    int const offset = shifted % grid_.cell;
-    std::int16_t const* places = places_.data() + index(offset) * 4;
+    int const shifted = from - m_grid.cell / 2 + m_grid.margin * m_grid.cell;
+    std::int16_t const* cell = m_row.data() + index(shifted / m_grid.cell) * 4;
+    int const offset = shifted % m_grid.cell;
+    std::int16_t const* places = m_places.data() + index(offset) * 4;
     int x = from;
-    int stop = from - offset + grid_.cell;
+    int stop = from - offset + m_grid.cell;
     while (x < end) {
         PixelPair const both = load(cell);
         PixelPair const left = firstTwice(both);
@@ -110,9 +110,9 @@ void Backdrop::run(int from, int end, Sink const& sink) const
                 middle + highProduct(step, load(places + 8)));
         }
         x = stop;
-        stop += grid_.cell;
+        stop += m_grid.cell;
         cell += 4;
-        places = places_.data();
+        places = m_places.data();
     }
 }
 
@@ -125,7 +125,7 @@ void Backdrop::paint(std::uint32_t* row, int from, int end) const
 void Backdrop::widen(int from, int end)
 {
     PixelPair const rounding = splatNumber(half);
-    std::int16_t* const out = wide_.data() + index(overshoot) * 4;
+    std::int16_t* const out = m_wide.data() + index(overshoot) * 4;
     run(from, end, [=](int x, PixelPair first, PixelPair second) {
         store(out + x * 4, first - rounding);
         store(out + x * 4 + 8, second - rounding);

@@ -54,18 +54,18 @@ private:
     template <typename Sink>
     void run(int from, int end, Sink const& sink) const;
 
-    CellGrid grid_;
+    CellGrid m_grid;
     /// Four channels a cell.
-    std::vector<std::int16_t> cells_;
-    std::vector<std::int16_t> row_;
-    std::vector<std::int16_t> wide_;
+    std::vector<std::int16_t> m_cells;
+    std::vector<std::int16_t> m_row;
+    std::vector<std::int16_t> m_wide;
     /// Where a pixel lies between two cells' centres, four times, in 1/65536 from the middle.
-    std::vector<std::int16_t> places_;
+    std::vector<std::int16_t> m_places;
 };
 
 inline ChannelLanes Backdrop::channels(int x) const
 {
-    std::int16_t const* const at = wide_.data() + static_cast<std::size_t>(overshoot + x) * 4;
+    std::int16_t const* const at = m_wide.data() + static_cast<std::size_t>(overshoot + x) * 4;
     Lanes a = {};
     Lanes b = {};
     Lanes c = {};

@@ -22,26 +22,26 @@ public:
 
     /// The pixels of the row, in whole blocks, outside of which the layer does not show: from the
     /// first up to, not including, the end.
-    [[nodiscard]] int from() const { return from_; }
-    [[nodiscard]] int end() const { return end_; }
+    [[nodiscard]] int from() const { return m_from; }
+    [[nodiscard]] int end() const { return m_end; }
 
     /// Prepares `coverage` for the pixels `from` up to `end`.
     void stretch(int from, int end);
 
     /// The coverage, times the opacity, of the four pixels from `x`, which `stretch` has prepared.
-    [[nodiscard]] Lanes coverage(int x) const { return load(pixels_.data() + overshoot + x); }
+    [[nodiscard]] Lanes coverage(int x) const { return load(m_pixels.data() + overshoot + x); }
 
 private:
-    CellGrid grid_;
-    SoftPlane const* plane_ = nullptr;
-    float opacity_ = 0;
-    int width_ = 0;
-    int from_ = 0;
-    int end_ = 0;
-    std::vector<float> cells_;
-    std::vector<float> pixels_;
+    CellGrid m_grid;
+    SoftPlane const* m_plane = nullptr;
+    float m_opacity = 0;
+    int m_width = 0;
+    int m_from = 0;
+    int m_end = 0;
+    std::vector<float> m_cells;
+    std::vector<float> m_pixels;
     /// How far each pixel of a cell lies between the cells' centres, 0..1.
-    std::vector<float> shares_;
+    std::vector<float> m_shares;
 };
 
 } // namespace velmora

@@ -53,8 +53,8 @@ void Contour::fit(double phase, double side)
     float const tolerance = straying / static_cast<float>(side);
     BlobOutline const outline
         = organicBlobOutline({.x = -0.5, .y = -0.5, .width = 1, .height = 1}, phase);
-    count_ = 0;
-    reach_ = 0;
+    m_count = 0;
+    m_reach = 0;
     OrbPoint from = outline.start;
     for (CubicSegment const& piece : outline.segments) {
         Polynomial const x(from.x, piece.control1.x, piece.control2.x, piece.end.x);
@@ -68,8 +68,8 @@ void Contour::fit(double phase, double side)
             float const scale = 1 / std::sqrt(std::max(dx * dx + dy * dy, 1e-12F));
             Vertex const vertex
                 = {.x = x.at(t), .y = y.at(t), .normalX = dy * scale, .normalY = -dx * scale};
-            reach_ = std::max({reach_, std::fabs(vertex.x), std::fabs(vertex.y)});
-            vertices_[count_++] = vertex;
+            m_reach = std::max({m_reach, std::fabs(vertex.x), std::fabs(vertex.y)});
+            m_vertices[m_count++] = vertex;
         }
         from = piece.end;
     }

@@ -21,18 +21,18 @@ public:
     /// Fits the chain to the outline of `phase` closely enough for a square of `side` pixels.
     void fit(double phase, double side);
 
-    [[nodiscard]] Vertex const* begin() const { return vertices_.data(); }
-    [[nodiscard]] Vertex const* end() const { return vertices_.data() + count_; }
+    [[nodiscard]] Vertex const* begin() const { return m_vertices.data(); }
+    [[nodiscard]] Vertex const* end() const { return m_vertices.data() + m_count; }
 
     /// The farthest that a vertex lies from the centre along either axis.
-    [[nodiscard]] float reach() const { return reach_; }
+    [[nodiscard]] float reach() const { return m_reach; }
 
 private:
     static constexpr int maximumPieces = 64;
 
-    std::array<Vertex, std::size_t{8} * maximumPieces> vertices_;
-    std::size_t count_ = 0;
-    float reach_ = 0;
+    std::array<Vertex, std::size_t{8} * maximumPieces> m_vertices;
+    std::size_t m_count = 0;
+    float m_reach = 0;
 };
 
 } // namespace velmora

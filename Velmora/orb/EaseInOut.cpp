@@ -35,40 +35,40 @@ double easeInOut(double progress)
 }
 
 EasedNumber::EasedNumber(double value, double duration)
-    : from_(value)
-    , goal_(value)
-    , duration_(duration)
-    , elapsed_(duration)
+    : m_from(value)
+    , m_goal(value)
+    , m_duration(duration)
+    , m_elapsed(duration)
 {
 }
 
 void EasedNumber::jump(double value)
 {
-    from_ = value;
-    goal_ = value;
-    elapsed_ = duration_;
+    m_from = value;
+    m_goal = value;
+    m_elapsed = m_duration;
 }
 
 void EasedNumber::aim(double goal)
 {
-    if (goal == goal_)
+    if (goal == m_goal)
         return;
-    from_ = value();
-    goal_ = goal;
-    elapsed_ = 0;
+    m_from = value();
+    m_goal = goal;
+    m_elapsed = 0;
 }
 
 void EasedNumber::advance(double seconds)
 {
     if (!settled())
-        elapsed_ += seconds;
+        m_elapsed += seconds;
 }
 
 double EasedNumber::value() const
 {
     if (settled())
-        return goal_;
-    return from_ + (goal_ - from_) * easeInOut(elapsed_ / duration_);
+        return m_goal;
+    return m_from + (m_goal - m_from) * easeInOut(m_elapsed / m_duration);
 }
 
 } // namespace velmora

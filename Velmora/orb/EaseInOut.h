@@ -25,13 +25,13 @@ public:
     [[nodiscard]] double value() const;
 
     /// True when it stands at its goal.
-    [[nodiscard]] bool settled() const { return elapsed_ >= duration_; }
+    [[nodiscard]] bool settled() const { return m_elapsed >= m_duration; }
 
 private:
-    double from_;
-    double goal_;
-    double duration_;
-    double elapsed_;
+    double m_from;
+    double m_goal;
+    double m_duration;
+    double m_elapsed;
 };
 
 } // namespace velmora

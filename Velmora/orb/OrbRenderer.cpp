@@ -210,7 +210,7 @@ void OrbRenderer::Scratch::drawRing(
 }
 
 OrbRenderer::OrbRenderer()
-    : scratch_(std::make_unique<Scratch>())
+    : m_scratch(std::make_unique<Scratch>())
 {
 }
 
@@ -228,7 +228,7 @@ void OrbRenderer::render(
         clear(target);
         return;
     }
-    Scratch& s = *scratch_;
+    Scratch& s = *m_scratch;
     s.bodyContour.fit(frame.body.phase, frame.size * target.scale);
     SoftGrids const grids = s.drawSoftLayers(frame, target);
     s.drawEdges(frame, target);

@@ -56,7 +56,7 @@ public:
 
 private:
     struct Scratch;
-    std::unique_ptr<Scratch> scratch_;
+    std::unique_ptr<Scratch> m_scratch;
 };
 
 } // namespace velmora

@@ -15,59 +15,59 @@ double asNumber(bool on)
 
 OrbFrame OrbTransitions::frame(OrbState const& state, double seconds)
 {
-    if (shown_) {
+    if (m_shown) {
         advance(seconds);
         retarget(state);
     } else {
         start(state);
     }
-    shown_ = state;
-    lastSeconds_ = seconds;
+    m_shown = state;
+    m_lastSeconds = seconds;
     return orbFrame(state, seconds, blend());
 }
 
 bool OrbTransitions::settled() const
 {
-    return look_.settled() && word_.settled() && controls_.settled();
+    return m_look.settled() && m_word.settled() && m_controls.settled();
 }
 
 OrbBlend OrbTransitions::blend() const
 {
-    OrbBlend blend = shown_ ? settledBlend(*shown_) : OrbBlend{};
-    blend.word = word_.value();
-    if (!look_.settled()) {
-        double const arrived = look_.value();
+    OrbBlend blend = m_shown ? settledBlend(*m_shown) : OrbBlend{};
+    blend.word = m_word.value();
+    if (!m_look.settled()) {
+        double const arrived = m_look.value();
         for (std::size_t i = 0; i < blend.looks.size(); ++i)
-            blend.looks[i] = fromLooks_[i] + (blend.looks[i] - fromLooks_[i]) * arrived;
+            blend.looks[i] = m_fromLooks[i] + (blend.looks[i] - m_fromLooks[i]) * arrived;
     }
     return blend;
 }
 
 void OrbTransitions::start(OrbState const& state)
 {
-    word_.jump(asNumber(state.showWord));
-    controls_.jump(asNumber(state.showChrome));
+    m_word.jump(asNumber(state.showWord));
+    m_controls.jump(asNumber(state.showChrome));
 }
 
 void OrbTransitions::retarget(OrbState const& state)
 {
-    if (state.paused != shown_->paused || state.isReminding != shown_->isReminding) {
-        fromLooks_ = blend().looks;
-        look_.jump(0);
-        look_.aim(1);
+    if (state.paused != m_shown->paused || state.isReminding != m_shown->isReminding) {
+        m_fromLooks = blend().looks;
+        m_look.jump(0);
+        m_look.aim(1);
     }
-    word_.aim(asNumber(state.showWord));
-    controls_.aim(asNumber(state.showChrome));
+    m_word.aim(asNumber(state.showWord));
+    m_controls.aim(asNumber(state.showChrome));
 }
 
 void OrbTransitions::advance(double seconds)
 {
     // A difference that is not a number or negative counts as no time at all.
-    double const passed = seconds - lastSeconds_;
+    double const passed = seconds - m_lastSeconds;
     double const elapsed = passed > 0 ? passed : 0;
-    look_.advance(elapsed);
-    word_.advance(elapsed);
-    controls_.advance(elapsed);
+    m_look.advance(elapsed);
+    m_word.advance(elapsed);
+    m_controls.advance(elapsed);
 }
 
 } // namespace velmora

@@ -22,7 +22,7 @@ public:
 
     /// The opacity of the hover controls in the frame returned last, 0..1. They lie above the
     /// stack and do not take its opacity.
-    [[nodiscard]] double controlsOpacity() const { return controls_.value(); }
+    [[nodiscard]] double controlsOpacity() const { return m_controls.value(); }
 
     /// True when no fade runs, so that the next frame differs by the time's own motion alone.
     [[nodiscard]] bool settled() const;
@@ -35,12 +35,12 @@ private:
     void retarget(OrbState const& state);
     void advance(double seconds);
 
-    std::optional<OrbState> shown_;
-    std::array<double, 4> fromLooks_ = {1, 0, 0, 0};
-    EasedNumber look_{1, 0.45};
-    EasedNumber word_{0, 0.6};
-    EasedNumber controls_{0, 0.2};
-    double lastSeconds_ = 0;
+    std::optional<OrbState> m_shown;
+    std::array<double, 4> m_fromLooks = {1, 0, 0, 0};
+    EasedNumber m_look{1, 0.45};
+    EasedNumber m_word{0, 0.6};
+    EasedNumber m_controls{0, 0.2};
+    double m_lastSeconds = 0;
 };
 
 } // namespace velmora

@@ -28,26 +28,26 @@ void set(std::uint64_t* words, int block)
 
 void RippleRing::resize(int width, int height)
 {
-    raster_.resize(width, height);
-    rows_ = height;
-    stride_ = raster_.stride();
-    words_ = raster_.words();
-    blocks_ = stride_ / blockSize;
-    plane_.resize(std::max(plane_.size(), area(stride_, rows_)));
-    marks_.resize(std::max(marks_.size(), area(words_, rows_)));
-    line_.resize(std::max(line_.size(),
-        static_cast<std::size_t>(stride_ + 2 * BlurKernel::maximumRadius + blockSize)));
+    m_raster.resize(width, height);
+    m_rows = height;
+    m_stride = m_raster.stride();
+    m_words = m_raster.words();
+    m_blocks = m_stride / blockSize;
+    m_plane.resize(std::max(m_plane.size(), area(m_stride, m_rows)));
+    m_marks.resize(std::max(m_marks.size(), area(m_words, m_rows)));
+    m_line.resize(std::max(m_line.size(),
+        static_cast<std::size_t>(m_stride + 2 * BlurKernel::maximumRadius + blockSize)));
 }
 
 void RippleRing::draw(Contour const& contour, Placing const& placing, double deviation)
 {
     double const blur = std::min(deviation, widestBlur);
-    kernel_.fit(blur * blur);
-    raster_.add(contour, placing, false);
+    m_kernel.fit(blur * blur);
+    m_raster.add(contour, placing, false);
     Placing inner = placing;
     inner.offset = -placing.offset;
-    raster_.add(contour, inner, true);
-    for (int y = raster_.firstRow(); y < raster_.endRow(); ++y) {
+    m_raster.add(contour, inner, true);
+    for (int y = m_raster.firstRow(); y < m_raster.endRow(); ++y) {
         resolve(y);
         blurRow(y);
     }
@@ -55,13 +55,13 @@ void RippleRing::draw(Contour const& contour, Placing const& placing, double dev
 
 void RippleRing::resolve(int y)
 {
-    float* const differences = raster_.row(y);
-    std::uint64_t* const touched = raster_.touched(y);
-    std::uint64_t* const marks = marks_.data() + area(words_, y);
-    float* const line = line_.data() + BlurKernel::maximumRadius;
-    int const spread = (kernel_.radius + blockSize - 1) / blockSize;
+    float* const differences = m_raster.row(y);
+    std::uint64_t* const touched = m_raster.touched(y);
+    std::uint64_t* const marks = m_marks.data() + area(m_words, y);
+    float* const line = m_line.data() + BlurKernel::maximumRadius;
+    int const spread = (m_kernel.radius + blockSize - 1) / blockSize;
     float sum = 0;
-    for (int block = 0; block < blocks_; ++block) {
+    for (int block = 0; block < m_blocks; ++block) {
         float* const cells = differences + block * blockSize;
         Lanes coverage = splat(sum);
         bool const edge = has(touched, block);
@@ -73,59 +73,59 @@ void RippleRing::resolve(int y)
         store(line + block * blockSize, min(magnitude(coverage), splat(1)));
         if (!edge && sum < 0.001F && sum > -0.001F)
             continue;
-        int const end = std::min(block + spread + 1, blocks_);
+        int const end = std::min(block + spread + 1, m_blocks);
         for (int near = std::max(block - spread, 0); near < end; ++near)
             set(marks, near);
     }
-    std::fill_n(touched, words_, std::uint64_t{0});
+    std::fill_n(touched, m_words, std::uint64_t{0});
 }
 
 void RippleRing::blurRow(int y)
 {
-    float const* const line = line_.data() + BlurKernel::maximumRadius;
-    std::uint64_t const* const marks = marks_.data() + area(words_, y);
-    float* const out = plane_.data() + area(stride_, y);
-    for (int block = 0; block < blocks_; ++block) {
+    float const* const line = m_line.data() + BlurKernel::maximumRadius;
+    std::uint64_t const* const marks = m_marks.data() + area(m_words, y);
+    float* const out = m_plane.data() + area(m_stride, y);
+    for (int block = 0; block < m_blocks; ++block) {
         if (!has(marks, block))
             continue;
         float const* const in = line + block * blockSize;
-        Lanes sum = splat(kernel_.weights[0]) * load(in);
-        for (int i = 1; i <= kernel_.radius; ++i)
-            sum = sum + splat(kernel_.weights[i]) * (load(in - i) + load(in + i));
+        Lanes sum = splat(m_kernel.weights[0]) * load(in);
+        for (int i = 1; i <= m_kernel.radius; ++i)
+            sum = sum + splat(m_kernel.weights[i]) * (load(in - i) + load(in + i));
         store(out + block * blockSize, sum);
     }
 }
 
 void RippleRing::mark(int y, std::uint64_t* touched) const
 {
-    int const end = std::min(y + kernel_.radius + 1, rows_);
-    for (int row = std::max(y - kernel_.radius, 0); row < end; ++row) {
-        for (int word = 0; word < words_; ++word)
-            touched[word] |= marks_[area(words_, row) + static_cast<std::size_t>(word)];
+    int const end = std::min(y + m_kernel.radius + 1, m_rows);
+    for (int row = std::max(y - m_kernel.radius, 0); row < end; ++row) {
+        for (int word = 0; word < m_words; ++word)
+            touched[word] |= m_marks[area(m_words, row) + static_cast<std::size_t>(word)];
     }
 }
 
 Lanes RippleRing::coverage(int y, int x) const
 {
     Lanes sum = splat(0);
-    int const end = std::min(y + kernel_.radius + 1, rows_);
-    for (int row = std::max(y - kernel_.radius, 0); row < end; ++row) {
-        float const* const in = plane_.data() + area(stride_, row) + x;
-        sum = sum + splat(kernel_.weights[row < y ? y - row : row - y]) * load(in);
+    int const end = std::min(y + m_kernel.radius + 1, m_rows);
+    for (int row = std::max(y - m_kernel.radius, 0); row < end; ++row) {
+        float const* const in = m_plane.data() + area(m_stride, row) + x;
+        sum = sum + splat(m_kernel.weights[row < y ? y - row : row - y]) * load(in);
     }
     return sum;
 }
 
 void RippleRing::clear()
 {
-    for (int y = 0; y < rows_; ++y) {
-        std::uint64_t* const marks = marks_.data() + area(words_, y);
-        float* const out = plane_.data() + area(stride_, y);
-        for (int block = 0; block < blocks_; ++block) {
+    for (int y = 0; y < m_rows; ++y) {
+        std::uint64_t* const marks = m_marks.data() + area(m_words, y);
+        float* const out = m_plane.data() + area(m_stride, y);
+        for (int block = 0; block < m_blocks; ++block) {
             if (has(marks, block))
                 store(out + block * blockSize, splat(0));
         }
-        std::fill_n(marks, words_, std::uint64_t{0});
+        std::fill_n(marks, m_words, std::uint64_t{0});
     }
 }
 

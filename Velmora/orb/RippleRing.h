@@ -31,15 +31,15 @@ private:
     void resolve(int y);
     void blurRow(int y);
 
-    AreaRaster raster_;
-    BlurKernel kernel_;
-    std::vector<float> line_;
-    std::vector<float> plane_;
-    std::vector<std::uint64_t> marks_;
-    int rows_ = 0;
-    int stride_ = 0;
-    int words_ = 0;
-    int blocks_ = 0;
+    AreaRaster m_raster;
+    BlurKernel m_kernel;
+    std::vector<float> m_line;
+    std::vector<float> m_plane;
+    std::vector<std::uint64_t> m_marks;
+    int m_rows = 0;
+    int m_stride = 0;
+    int m_words = 0;
+    int m_blocks = 0;
 };
 
 } // namespace velmora

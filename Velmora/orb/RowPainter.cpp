@@ -40,53 +40,53 @@ RowPainter::Channel::Channel(float a, float b, float c)
 void RowPainter::begin(SoftGrids const& grids, int width, Paint const& paint, SoftPlane const& glow,
     SoftPlane const& shadow, SoftPlane const& highlight)
 {
-    paint_ = paint;
-    width_ = width;
-    gradientPerPixel_ = 1 / paint.gradientRadius;
+    m_paint = paint;
+    m_width = width;
+    m_gradientPerPixel = 1 / paint.gradientRadius;
     auto const& stops = paint.stops;
-    red_ = {stops[0].red, stops[1].red, stops[2].red};
-    green_ = {stops[0].green, stops[1].green, stops[2].green};
-    blue_ = {stops[0].blue, stops[1].blue, stops[2].blue};
-    grow(gradientX2_, width + 2 * blockSize);
-    grow(touched_, (width + leftPad) / blockSize / bitsPerWord + 2);
-    grow(pixels_, width + 2 * overshoot);
-    Lanes const perPixel = splat(gradientPerPixel_);
+    m_red = {stops[0].red, stops[1].red, stops[2].red};
+    m_green = {stops[0].green, stops[1].green, stops[2].green};
+    m_blue = {stops[0].blue, stops[1].blue, stops[2].blue};
+    grow(m_gradientX2, width + 2 * blockSize);
+    grow(m_touched, (width + leftPad) / blockSize / bitsPerWord + 2);
+    grow(m_pixels, width + 2 * overshoot);
+    Lanes const perPixel = splat(m_gradientPerPixel);
     for (int x = 0; x < width; x += blockSize) {
         float const start = static_cast<float>(x) + 0.5F - paint.gradientX;
         Lanes const across = (splat(start) + lanes(0, 1, 2, 3)) * perPixel;
-        store(gradientX2_.data() + x, across * across);
+        store(m_gradientX2.data() + x, across * across);
     }
-    backdrop_.compose(
+    m_backdrop.compose(
         grids.back, glow, paint.glowOpacity, paint.glow, shadow, paint.shadowOpacity, paint.full);
-    highlight_.begin(grids.light, highlight, paint.highlightOpacity, width);
-    shadow_.begin(grids.back, shadow, paint.shadowOpacity, width);
+    m_highlight.begin(grids.light, highlight, paint.highlightOpacity, width);
+    m_shadow.begin(grids.back, shadow, paint.shadowOpacity, width);
 }
 
 void RowPainter::collectTouched(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring)
 {
     int const words = body.words();
     for (int i = 0; i < words; ++i)
-        touched_[static_cast<std::size_t>(i)] = body.touched(y)[i] | rim.touched(y)[i];
+        m_touched[static_cast<std::size_t>(i)] = body.touched(y)[i] | rim.touched(y)[i];
     if (ring != nullptr)
-        ring->mark(y, touched_.data());
+        ring->mark(y, m_touched.data());
     std::fill_n(body.touched(y), words, std::uint64_t{0});
     std::fill_n(rim.touched(y), words, std::uint64_t{0});
     // The pad left of the picture always has to be added up.
-    touched_[0] |= 1;
+    m_touched[0] |= 1;
 }
 
 std::uint32_t const* RowPainter::paintRow(
     int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring)
 {
-    float const down = (static_cast<float>(y) + 0.5F - paint_.gradientY) * gradientPerPixel_;
-    gradientY2_ = down * down;
+    float const down = (static_cast<float>(y) + 0.5F - m_paint.gradientY) * m_gradientPerPixel;
+    m_gradientY2 = down * down;
     collectTouched(y, body, rim, ring);
-    backdrop_.beginRow(y, width_);
-    highlight_.beginRow(y);
-    if (highlight_.from() < highlight_.end())
-        highlight_.stretch(highlight_.from(), std::min(highlight_.end(), width_));
+    m_backdrop.beginRow(y, m_width);
+    m_highlight.beginRow(y);
+    if (m_highlight.from() < m_highlight.end())
+        m_highlight.stretch(m_highlight.from(), std::min(m_highlight.end(), m_width));
     if (ring != nullptr)
-        shadow_.beginRow(y);
+        m_shadow.beginRow(y);
     Edges edges = {.body = body.row(y), .rim = rim.row(y), .ring = ring, .y = y};
     // The last block is the pad on the right.
     int const blocks = body.stride() / blockSize;
@@ -97,14 +97,14 @@ std::uint32_t const* RowPainter::paintRow(
         paintSpan(
             (untouched - 1) * blockSize, (std::min(block, blocks - 1) - 1) * blockSize, edges);
     }
-    return pixels_.data() + overshoot;
+    return m_pixels.data() + overshoot;
 }
 
 int RowPainter::nextBlock(int block, int limit, bool touched) const
 {
     while (block < limit) {
         int const shift = block % bitsPerWord;
-        std::uint64_t const word = touched_[static_cast<std::size_t>(block / bitsPerWord)];
+        std::uint64_t const word = m_touched[static_cast<std::size_t>(block / bitsPerWord)];
         std::uint64_t const rest = (touched ? word : ~word) >> static_cast<unsigned>(shift);
         if (rest != 0)
             return std::min(block + std::countr_zero(rest), limit);
@@ -116,8 +116,8 @@ int RowPainter::nextBlock(int block, int limit, bool touched) const
 /// Paints pixels that no edge touches.
 void RowPainter::paintSpan(int from, int end, Edges& edges)
 {
-    int const litFrom = std::clamp(highlight_.from(), from, std::max(from, end));
-    int const litEnd = std::clamp(highlight_.end(), litFrom, std::max(litFrom, end));
+    int const litFrom = std::clamp(m_highlight.from(), from, std::max(from, end));
+    int const litEnd = std::clamp(m_highlight.end(), litFrom, std::max(litFrom, end));
     // Within a wide rim no edge need pass.
     if (std::fabs(edges.rimBefore) > nothing) {
         paintEdges(from, end, edges);
@@ -126,34 +126,34 @@ void RowPainter::paintSpan(int from, int end, Edges& edges)
         paintInside<true>(litFrom, litEnd);
         paintInside<false>(litEnd, end);
     } else {
-        backdrop_.paint(pixels_.data() + overshoot, from, litFrom);
+        m_backdrop.paint(m_pixels.data() + overshoot, from, litFrom);
         paintEdges(litFrom, litEnd, edges);
-        backdrop_.paint(pixels_.data() + overshoot, litEnd, end);
+        m_backdrop.paint(m_pixels.data() + overshoot, litEnd, end);
     }
 }
 
 inline Lanes RowPainter::gradientPosition(int x) const
 {
-    return min(squareRoot(load(gradientX2_.data() + x) + splat(gradientY2_)), splat(1));
+    return min(squareRoot(load(m_gradientX2.data() + x) + splat(m_gradientY2)), splat(1));
 }
 
 template <bool lit>
 void RowPainter::paintInside(int from, int end)
 {
     Lanes const half = splat(0.5F);
-    Lanes const full = splat(paint_.full);
-    Lanes const light[3] = {
-        splat(paint_.highlight.red), splat(paint_.highlight.green), splat(paint_.highlight.blue)};
-    std::uint32_t* const out = pixels_.data() + overshoot;
+    Lanes const full = splat(m_paint.full);
+    Lanes const light[3] = {splat(m_paint.highlight.red), splat(m_paint.highlight.green),
+        splat(m_paint.highlight.blue)};
+    std::uint32_t* const out = m_pixels.data() + overshoot;
     for (int x = from; x < end; x += blockSize) {
         Lanes const t = gradientPosition(x);
         Lanes const near = min(t, half);
         Lanes const far = t - near;
-        Lanes red = red_.at(near, far);
-        Lanes green = green_.at(near, far);
-        Lanes blue = blue_.at(near, far);
+        Lanes red = m_red.at(near, far);
+        Lanes green = m_green.at(near, far);
+        Lanes blue = m_blue.at(near, far);
         if constexpr (lit) {
-            Lanes const h = highlight_.coverage(x);
+            Lanes const h = m_highlight.coverage(x);
             red = over(red, light[0], h);
             green = over(green, light[1], h);
             blue = over(blue, light[2], h);
@@ -167,9 +167,9 @@ void RowPainter::paintEdges(int from, int end, Edges& edges)
 {
     if (from >= end)
         return;
-    backdrop_.widen(std::max(from, 0), std::min(end, width_));
+    m_backdrop.widen(std::max(from, 0), std::min(end, m_width));
     if (edges.ring != nullptr) {
-        shadow_.stretch(std::max(from, 0), std::min(end, width_));
+        m_shadow.stretch(std::max(from, 0), std::min(end, m_width));
         for (int x = from; x < end; x += blockSize)
             paintEdgeBlock<true>(x, edges);
     } else {
@@ -189,12 +189,12 @@ void RowPainter::paintEdgeBlock(int x, Edges& edges)
     store(edges.rim + column, splat(0));
     edges.bodyBefore = last(bodySum);
     edges.rimBefore = last(rimSum);
-    if (x < 0 || x >= width_)
+    if (x < 0 || x >= m_width)
         return;
     Lanes const body = min(magnitude(bodySum), one);
-    Lanes rim = min(magnitude(rimSum), one) * splat(paint_.rimOpacity);
-    bool const lit = x >= highlight_.from() && x < highlight_.end();
-    Lanes const light = lit ? highlight_.coverage(x) : splat(0);
+    Lanes rim = min(magnitude(rimSum), one) * splat(m_paint.rimOpacity);
+    bool const lit = x >= m_highlight.from() && x < m_highlight.end();
+    Lanes const light = lit ? m_highlight.coverage(x) : splat(0);
     // What each layer contributes, seen through all above it.
     Lanes through = one - light;
     rim = rim * through;
@@ -204,15 +204,15 @@ void RowPainter::paintEdgeBlock(int x, Edges& edges)
     Lanes ring = splat(0);
     Lanes ringColor = splat(0);
     if constexpr (ringed) {
-        ring = edges.ring->coverage(edges.y, column) * splat(paint_.ringOpacity) * through;
-        ringColor = ring - ring * shadow_.coverage(x);
+        ring = edges.ring->coverage(edges.y, column) * splat(m_paint.ringOpacity) * through;
+        ringColor = ring - ring * m_shadow.coverage(x);
         through = through - ring;
     }
     Lanes const behind = through * splat(1 / Backdrop::levelSteps);
     Lanes const t = gradientPosition(x);
     Lanes const near = min(t, splat(0.5F));
     Lanes const far = t - near;
-    ChannelLanes const back = backdrop_.channels(x);
+    ChannelLanes const back = m_backdrop.channels(x);
     auto const sum
         = [&](Lanes soft, Lanes inside, float rimLevel, float lightLevel, float ringLevel) {
               Lanes value = soft * behind + inside * filled + splat(rimLevel) * rim;
@@ -222,12 +222,12 @@ void RowPainter::paintEdgeBlock(int x, Edges& edges)
                   value = value + splat(ringLevel) * ringColor;
               return value;
           };
-    Paint const& p = paint_;
-    storePixels(pixels_.data() + overshoot + x,
+    Paint const& p = m_paint;
+    storePixels(m_pixels.data() + overshoot + x,
         back.alpha * behind + splat(p.full) * (filled + rim + light + ring),
-        sum(back.red, red_.at(near, far), p.rim.red, p.highlight.red, p.ring.red),
-        sum(back.green, green_.at(near, far), p.rim.green, p.highlight.green, p.ring.green),
-        sum(back.blue, blue_.at(near, far), p.rim.blue, p.highlight.blue, p.ring.blue));
+        sum(back.red, m_red.at(near, far), p.rim.red, p.highlight.red, p.ring.red),
+        sum(back.green, m_green.at(near, far), p.rim.green, p.highlight.green, p.ring.green),
+        sum(back.blue, m_blue.at(near, far), p.rim.blue, p.highlight.blue, p.ring.blue));
 }
 
 } // namespace velmora

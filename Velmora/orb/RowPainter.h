@@ -93,20 +93,20 @@ private:
     void paintEdgeBlock(int x, Edges& edges);
     [[nodiscard]] Lanes gradientPosition(int x) const;
 
-    Paint paint_;
-    Backdrop backdrop_;
-    CellRow highlight_;
-    CellRow shadow_;
-    Channel red_;
-    Channel green_;
-    Channel blue_;
-    int width_ = 0;
-    float gradientPerPixel_ = 1;
-    float gradientY2_ = 0;
+    Paint m_paint;
+    Backdrop m_backdrop;
+    CellRow m_highlight;
+    CellRow m_shadow;
+    Channel m_red;
+    Channel m_green;
+    Channel m_blue;
+    int m_width = 0;
+    float m_gradientPerPixel = 1;
+    float m_gradientY2 = 0;
     /// Each column's share of the squared distance to the gradient's centre.
-    std::vector<float> gradientX2_;
-    std::vector<std::uint64_t> touched_;
-    std::vector<std::uint32_t> pixels_;
+    std::vector<float> m_gradientX2;
+    std::vector<std::uint64_t> m_touched;
+    std::vector<std::uint32_t> m_pixels;
 };
 
 } // namespace velmora

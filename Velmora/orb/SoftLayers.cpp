@@ -81,12 +81,12 @@ void BlurKernel::fit(double variance)
 
 void SoftPlane::resize(CellGrid const& grid)
 {
-    stride_ = grid.stride;
-    raster_.resize(grid.stride, grid.rows);
+    m_stride = grid.stride;
+    m_raster.resize(grid.stride, grid.rows);
     auto const line = static_cast<std::size_t>(grid.stride + 2 * BlurKernel::maximumRadius + 4);
-    grow(line_, line, line + 8);
-    grow(across_, area(grid.stride, grid.rows), grid.room());
-    grow(plane_, area(grid.stride, grid.rows), grid.room());
+    grow(m_line, line, line + 8);
+    grow(m_across, area(grid.stride, grid.rows), grid.room());
+    grow(m_plane, area(grid.stride, grid.rows), grid.room());
 }
 
 void SoftPlane::draw(
@@ -94,8 +94,8 @@ void SoftPlane::draw(
 {
     resize(grid);
     double const cell = grid.cell;
-    kernel_.fit((deviation * deviation + 1.0 / 12 - ownVariance(grid.cell)) / (cell * cell));
-    raster_.add(contour,
+    m_kernel.fit((deviation * deviation + 1.0 / 12 - ownVariance(grid.cell)) / (cell * cell));
+    m_raster.add(contour,
         {.centerX = grid.position(placing.centerX),
             .centerY = grid.position(placing.centerY),
             .scale = static_cast<float>(placing.scale / cell)},
@@ -106,30 +106,30 @@ void SoftPlane::draw(
 
 void SoftPlane::resolveRow(int y, float* line)
 {
-    float* const differences = raster_.row(y);
+    float* const differences = m_raster.row(y);
     Lanes const zero = splat(0);
     Lanes const one = splat(1);
     Lanes sum = zero;
-    for (int x = 0; x < stride_; x += 4) {
+    for (int x = 0; x < m_stride; x += 4) {
         sum = runningSum(load(differences + x)) + splat(last(sum));
         store(line + x, min(magnitude(sum), one));
         store(differences + x, zero);
     }
-    store(differences + stride_, zero);
-    std::fill_n(raster_.touched(y), raster_.words(), std::uint64_t{0});
+    store(differences + m_stride, zero);
+    std::fill_n(m_raster.touched(y), m_raster.words(), std::uint64_t{0});
 }
 
 void SoftPlane::blurRows(CellGrid const& grid)
 {
-    int const radius = kernel_.radius;
-    float* const line = line_.data() + radius;
-    std::fill_n(line_.data(), radius, 0.0F);
-    std::fill_n(line + stride_, radius, 0.0F);
-    float const* const weights = kernel_.weights;
-    for (int y = raster_.firstRow(); y < raster_.endRow(); ++y) {
+    int const radius = m_kernel.radius;
+    float* const line = m_line.data() + radius;
+    std::fill_n(m_line.data(), radius, 0.0F);
+    std::fill_n(line + m_stride, radius, 0.0F);
+    float const* const weights = m_kernel.weights;
+    for (int y = m_raster.firstRow(); y < m_raster.endRow(); ++y) {
         resolveRow(y, line);
-        float* const out = across_.data() + area(grid.stride, y);
-        for (int x = 0; x < stride_; x += 8) {
+        float* const out = m_across.data() + area(grid.stride, y);
+        for (int x = 0; x < m_stride; x += 8) {
             Lanes const center = splat(weights[0]);
             Lanes left = center * load(line + x);
             Lanes right = center * load(line + x + 4);
@@ -146,34 +146,34 @@ void SoftPlane::blurRows(CellGrid const& grid)
 
 void SoftPlane::blurColumns(CellGrid const& grid)
 {
-    int const radius = kernel_.radius;
-    int const first = raster_.firstRow();
-    int const end = raster_.endRow();
+    int const radius = m_kernel.radius;
+    int const first = m_raster.firstRow();
+    int const end = m_raster.endRow();
     for (int y = 0; y < grid.rows; ++y) {
-        float* const out = plane_.data() + area(stride_, y);
+        float* const out = m_plane.data() + area(m_stride, y);
         int const from = std::max(first, y - radius);
         int const to = std::min(end, y + radius + 1);
         if (from >= to) {
-            std::fill_n(out, stride_, 0.0F);
+            std::fill_n(out, m_stride, 0.0F);
             continue;
         }
-        for (int x = 0; x < stride_; x += 8)
+        for (int x = 0; x < m_stride; x += 8)
             sumColumns(out + x, x, y, from, to);
     }
 }
 
 void SoftPlane::sumColumns(float* out, int x, int y, int from, int to) const
 {
-    float const* in = across_.data() + area(stride_, from) + x;
+    float const* in = m_across.data() + area(m_stride, from) + x;
     Lanes left = splat(0);
     Lanes right = splat(0);
     auto const addRow = [&](float share) {
         Lanes const weight = splat(share);
         left = left + weight * load(in);
         right = right + weight * load(in + 4);
-        in += stride_;
+        in += m_stride;
     };
-    float const* const weights = kernel_.weights;
+    float const* const weights = m_kernel.weights;
     int row = from;
     for (; row < std::min(y, to); ++row)
         addRow(weights[y - row]);

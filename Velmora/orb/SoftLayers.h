@@ -67,13 +67,14 @@ public:
     /// Whether a row of cells can hold anything but zeros.
     [[nodiscard]] bool shows(int y) const
     {
-        return y >= raster_.firstRow() - kernel_.radius && y < raster_.endRow() + kernel_.radius;
+        return y >= m_raster.firstRow() - m_kernel.radius
+            && y < m_raster.endRow() + m_kernel.radius;
     }
 
     /// The coverage of a row of cells, 0..1.
     [[nodiscard]] float const* row(int y) const
     {
-        return plane_.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(stride_);
+        return m_plane.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_stride);
     }
 
 private:
@@ -82,12 +83,12 @@ private:
     void blurColumns(CellGrid const& grid);
     void sumColumns(float* out, int x, int y, int from, int to) const;
 
-    AreaRaster raster_;
-    BlurKernel kernel_;
-    std::vector<float> line_;
-    std::vector<float> across_;
-    std::vector<float> plane_;
-    int stride_ = 0;
+    AreaRaster m_raster;
+    BlurKernel m_kernel;
+    std::vector<float> m_line;
+    std::vector<float> m_across;
+    std::vector<float> m_plane;
+    int m_stride = 0;
 };
 
 } // namespace velmora
