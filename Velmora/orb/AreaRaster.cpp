@@ -123,7 +123,7 @@ void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
         std::swap(y0, y1);
         sign = -sign;
     }
-    float const height = static_cast<float>(m_rows);
+    auto const height = static_cast<float>(m_rows);
     if (!(y0 < y1) || y1 <= 0 || y0 >= height)
         return;
     float const slope = (x1 - x0) / (y1 - y0);
@@ -135,7 +135,7 @@ void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
     int const end = static_cast<float>(last) < bottom ? last + 1 : last;
     m_firstRow = std::min(m_firstRow, first);
     m_endRow = std::max(m_endRow, end);
-    float const width = static_cast<float>(m_columns);
+    auto const width = static_cast<float>(m_columns);
     // A line well within the raster stays within it whatever the rounding, unless it is so flat
     // that its slope is no number.
     bool const within = std::min(x0, x1) > 1 && std::max(x0, x1) < width - 1 && y1 - y0 > 1e-6F;

@@ -51,7 +51,8 @@ void Backdrop::compose(CellGrid const& grid, SoftPlane const& glow, float glowOp
         m_places.resize(index(grid.cell + AreaRaster::blockSize) * 4);
         for (int x = 0; x < grid.cell + AreaRaster::blockSize; ++x) {
             float const offset = static_cast<float>(x) + grid.firstOffset();
-            std::fill_n(m_places.data() + x * 4, 4, place(offset / static_cast<float>(grid.cell)));
+            std::fill_n(m_places.data() + std::ptrdiff_t{4} * x, 4,
+                place(offset / static_cast<float>(grid.cell)));
         }
     }
     Lanes const steps = splat(levelSteps);
@@ -127,8 +128,8 @@ void Backdrop::widen(int from, int end)
     PixelPair const rounding = splatNumber(half);
     std::int16_t* const out = m_wide.data() + index(overshoot) * 4;
     run(from, end, [=](int x, PixelPair first, PixelPair second) {
-        store(out + x * 4, first - rounding);
-        store(out + x * 4 + 8, second - rounding);
+        store(out + std::ptrdiff_t{4} * x, first - rounding);
+        store(out + std::ptrdiff_t{4} * x + 8, second - rounding);
     });
 }
 

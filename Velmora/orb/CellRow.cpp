@@ -24,7 +24,7 @@ void CellRow::begin(CellGrid const& grid, SoftPlane const& plane, float opacity,
     m_plane = &plane;
     m_opacity = opacity;
     m_width = width;
-    if (m_cells.size() < static_cast<std::size_t>(grid.stride + blockSize))
+    if (m_cells.size() < static_cast<std::size_t>(grid.stride) + blockSize)
         grow(m_cells, grid.stride + 8 + blockSize);
     grow(m_pixels, width + 2 * overshoot);
     grow(m_shares, grid.cell + blockSize);

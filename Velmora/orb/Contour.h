@@ -30,7 +30,7 @@ public:
 private:
     static constexpr int maximumPieces = 64;
 
-    std::array<Vertex, std::size_t{8} * maximumPieces> m_vertices;
+    std::array<Vertex, std::size_t{8}* maximumPieces> m_vertices = {};
     std::size_t m_count = 0;
     float m_reach = 0;
 };

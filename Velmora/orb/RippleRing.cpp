@@ -36,7 +36,8 @@ void RippleRing::resize(int width, int height)
     m_plane.resize(std::max(m_plane.size(), area(m_stride, m_rows)));
     m_marks.resize(std::max(m_marks.size(), area(m_words, m_rows)));
     m_line.resize(std::max(m_line.size(),
-        static_cast<std::size_t>(m_stride + 2 * BlurKernel::maximumRadius + blockSize)));
+        static_cast<std::size_t>(m_stride) + std::size_t{2} * BlurKernel::maximumRadius
+            + blockSize));
 }
 
 void RippleRing::draw(Contour const& contour, Placing const& placing, double deviation)
@@ -62,7 +63,7 @@ void RippleRing::resolve(int y)
     int const spread = (m_kernel.radius + blockSize - 1) / blockSize;
     float sum = 0;
     for (int block = 0; block < m_blocks; ++block) {
-        float* const cells = differences + block * blockSize;
+        float* const cells = differences + std::ptrdiff_t{block} * blockSize;
         Lanes coverage = splat(sum);
         bool const edge = has(touched, block);
         if (edge) {
@@ -70,7 +71,7 @@ void RippleRing::resolve(int y)
             store(cells, splat(0));
             sum = last(coverage);
         }
-        store(line + block * blockSize, min(magnitude(coverage), splat(1)));
+        store(line + std::ptrdiff_t{block} * blockSize, min(magnitude(coverage), splat(1)));
         if (!edge && sum < 0.001F && sum > -0.001F)
             continue;
         int const end = std::min(block + spread + 1, m_blocks);
@@ -82,17 +83,18 @@ void RippleRing::resolve(int y)
 
 void RippleRing::blurRow(int y)
 {
+    float const* const weights = m_kernel.weights.data();
     float const* const line = m_line.data() + BlurKernel::maximumRadius;
     std::uint64_t const* const marks = m_marks.data() + area(m_words, y);
     float* const out = m_plane.data() + area(m_stride, y);
     for (int block = 0; block < m_blocks; ++block) {
         if (!has(marks, block))
             continue;
-        float const* const in = line + block * blockSize;
-        Lanes sum = splat(m_kernel.weights[0]) * load(in);
+        float const* const in = line + std::ptrdiff_t{block} * blockSize;
+        Lanes sum = splat(weights[0]) * load(in);
         for (int i = 1; i <= m_kernel.radius; ++i)
-            sum = sum + splat(m_kernel.weights[i]) * (load(in - i) + load(in + i));
-        store(out + block * blockSize, sum);
+            sum = sum + splat(weights[i]) * (load(in - i) + load(in + i));
+        store(out + std::ptrdiff_t{block} * blockSize, sum);
     }
 }
 
@@ -107,11 +109,12 @@ void RippleRing::mark(int y, std::uint64_t* touched) const
 
 Lanes RippleRing::coverage(int y, int x) const
 {
+    float const* const weights = m_kernel.weights.data();
     Lanes sum = splat(0);
     int const end = std::min(y + m_kernel.radius + 1, m_rows);
     for (int row = std::max(y - m_kernel.radius, 0); row < end; ++row) {
         float const* const in = m_plane.data() + area(m_stride, row) + x;
-        sum = sum + splat(m_kernel.weights[row < y ? y - row : row - y]) * load(in);
+        sum = sum + splat(weights[row < y ? y - row : row - y]) * load(in);
     }
     return sum;
 }
@@ -123,7 +126,7 @@ void RippleRing::clear()
         float* const out = m_plane.data() + area(m_stride, y);
         for (int block = 0; block < m_blocks; ++block) {
             if (has(marks, block))
-                store(out + block * blockSize, splat(0));
+                store(out + std::ptrdiff_t{block} * blockSize, splat(0));
         }
         std::fill_n(marks, m_words, std::uint64_t{0});
     }

@@ -91,17 +91,17 @@ std::uint32_t const* RowPainter::paintRow(
     // The last block is the pad on the right.
     int const blocks = body.stride() / blockSize;
     for (int block = 0; block < blocks;) {
-        int const untouched = nextBlock(block, blocks, false);
-        paintEdges((block - 1) * blockSize, (untouched - 1) * blockSize, edges);
-        block = nextBlock(untouched, blocks, true);
-        paintSpan(
-            (untouched - 1) * blockSize, (std::min(block, blocks - 1) - 1) * blockSize, edges);
+        int const edgesEnd = nextBlock(block, blocks, false);
+        paintEdges((block - 1) * blockSize, (edgesEnd - 1) * blockSize, edges);
+        block = nextBlock(edgesEnd, blocks, true);
+        paintSpan((edgesEnd - 1) * blockSize, (std::min(block, blocks - 1) - 1) * blockSize, edges);
     }
     return m_pixels.data() + overshoot;
 }
 
-int RowPainter::nextBlock(int block, int limit, bool touched) const
+int RowPainter::nextBlock(int from, int limit, bool touched) const
 {
+    int block = from;
     while (block < limit) {
         int const shift = block % bitsPerWord;
         std::uint64_t const word = m_touched[static_cast<std::size_t>(block / bitsPerWord)];
@@ -142,8 +142,8 @@ void RowPainter::paintInside(int from, int end)
 {
     Lanes const half = splat(0.5F);
     Lanes const full = splat(m_paint.full);
-    Lanes const light[3] = {splat(m_paint.highlight.red), splat(m_paint.highlight.green),
-        splat(m_paint.highlight.blue)};
+    std::array<Lanes, 3> const light = {splat(m_paint.highlight.red),
+        splat(m_paint.highlight.green), splat(m_paint.highlight.blue)};
     std::uint32_t* const out = m_pixels.data() + overshoot;
     for (int x = from; x < end; x += blockSize) {
         Lanes const t = gradientPosition(x);

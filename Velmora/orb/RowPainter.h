@@ -60,19 +60,19 @@ public:
 private:
     /// A row's edges: differences of coverage, and what they have summed up to so far.
     struct Edges {
-        float* body;
-        float* rim;
-        RippleRing const* ring;
-        int y;
+        float* body = nullptr;
+        float* rim = nullptr;
+        RippleRing const* ring = nullptr;
+        int y = 0;
         float bodyBefore = 0;
         float rimBefore = 0;
     };
 
     /// A colour's channel along the gradient, as the first stop plus two slopes.
     struct Channel {
-        Lanes first;
-        Lanes toSecond;
-        Lanes toThird;
+        Lanes first = {};
+        Lanes toSecond = {};
+        Lanes toThird = {};
 
         Channel() = default;
         Channel(float a, float b, float c);
@@ -83,8 +83,8 @@ private:
     };
 
     void collectTouched(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring);
-    /// The first block from `block` on that is touched, or is not, or `limit`.
-    [[nodiscard]] int nextBlock(int block, int limit, bool touched) const;
+    /// The first block from `from` on that is touched, or is not, or `limit`.
+    [[nodiscard]] int nextBlock(int from, int limit, bool touched) const;
     void paintSpan(int from, int end, Edges& edges);
     template <bool lit>
     void paintInside(int from, int end);

@@ -72,10 +72,10 @@ void BlurKernel::fit(double variance)
     for (int i = 1; i <= radius; ++i) {
         weight *= ratio;
         ratio *= shrink;
-        weights[i] = static_cast<float>(weight);
+        weights[static_cast<std::size_t>(i)] = static_cast<float>(weight);
         sum += 2 * weight;
     }
-    for (int i = 0; i <= radius; ++i)
+    for (std::size_t i = 0; i <= static_cast<std::size_t>(radius); ++i)
         weights[i] = static_cast<float>(weights[i] / sum);
 }
 
@@ -83,7 +83,8 @@ void SoftPlane::resize(CellGrid const& grid)
 {
     m_stride = grid.stride;
     m_raster.resize(grid.stride, grid.rows);
-    auto const line = static_cast<std::size_t>(grid.stride + 2 * BlurKernel::maximumRadius + 4);
+    std::size_t const line
+        = static_cast<std::size_t>(grid.stride) + std::size_t{2} * BlurKernel::maximumRadius + 4;
     grow(m_line, line, line + 8);
     grow(m_across, area(grid.stride, grid.rows), grid.room());
     grow(m_plane, area(grid.stride, grid.rows), grid.room());
@@ -125,7 +126,7 @@ void SoftPlane::blurRows(CellGrid const& grid)
     float* const line = m_line.data() + radius;
     std::fill_n(m_line.data(), radius, 0.0F);
     std::fill_n(line + m_stride, radius, 0.0F);
-    float const* const weights = m_kernel.weights;
+    float const* const weights = m_kernel.weights.data();
     for (int y = m_raster.firstRow(); y < m_raster.endRow(); ++y) {
         resolveRow(y, line);
         float* const out = m_across.data() + area(grid.stride, y);
@@ -173,7 +174,7 @@ void SoftPlane::sumColumns(float* out, int x, int y, int from, int to) const
         right = right + weight * load(in + 4);
         in += m_stride;
     };
-    float const* const weights = m_kernel.weights;
+    float const* const weights = m_kernel.weights.data();
     int row = from;
     for (; row < std::min(y, to); ++row)
         addRow(weights[y - row]);

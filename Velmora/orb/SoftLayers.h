@@ -3,6 +3,8 @@
 #include "Velmora/orb/AreaRaster.h"
 #include "Velmora/orb/Lanes.h"
 
+#include <array>
+#include <cstddef>
 #include <vector>
 
 namespace velmora {
@@ -46,7 +48,7 @@ struct BlurKernel {
     static constexpr int maximumRadius = 64;
 
     int radius = 0;
-    float weights[maximumRadius + 1] = {1};
+    std::array<float, std::size_t{maximumRadius} + 1> weights = {1};
 
     /// A kernel of `variance` (in squared steps), cut where it no longer shows. A variance that
     /// is not positive gives no blur; one too large for the radius gives the widest there is.
