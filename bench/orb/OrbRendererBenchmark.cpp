@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -29,7 +30,7 @@ double microsecondsOf(int rounds, auto const& work)
 void drawFrames(benchmark::State& run, OrbState state, double size, double scale)
 {
     state.widgetSize = size;
-    int const side = static_cast<int>(size * scale);
+    int const side = static_cast<int>(std::lround(size * scale));
     std::vector<std::uint32_t> pixels(
         static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
     PixelTarget const target = {.bytes = reinterpret_cast<std::uint8_t*>(pixels.data()),
@@ -65,10 +66,10 @@ void registerAll()
         {"paused", {.paused = true}}, {"still", {.reduceMotion = true}}};
     for (Look const& look : looks) {
         for (double size : {72.0, 128.0, 316.0}) {
-            for (double scale : {1.0, 2.0}) {
+            for (double scale : {1.0, 1.25, 1.5, 2.0}) {
                 std::string const name = std::string(look.name) + "/"
                     + std::to_string(static_cast<int>(size)) + "@"
-                    + std::to_string(static_cast<int>(scale));
+                    + std::to_string(std::lround(scale * 100)) + "%";
                 benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& run) {
                     drawFrames(run, look.state, size, scale);
                 })->Unit(benchmark::kMicrosecond);
