@@ -39,6 +39,10 @@ public:
     /// Makes the panel without showing it.
     explicit WidgetPanel(Seams seams, WidgetView& view);
     ~WidgetPanel() override;
+    WidgetPanel(WidgetPanel const&) = delete;
+    WidgetPanel& operator=(WidgetPanel const&) = delete;
+    WidgetPanel(WidgetPanel&&) = delete;
+    WidgetPanel& operator=(WidgetPanel&&) = delete;
 
     [[nodiscard]] Rect frame() const override;
     void setFrameOrigin(Point origin) override;

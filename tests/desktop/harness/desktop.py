@@ -7,6 +7,8 @@ from collections import Counter
 from collections.abc import Callable
 from pathlib import Path
 
+from Xlib.error import ConnectionClosedError
+
 from .accessibility import Accessibility
 from .bus import Bus
 from .bystander import Bystander
@@ -148,7 +150,10 @@ class Desktop:
         if self.settings.path.exists():
             shutil.copy(self.settings.path, kept)
         if self.x11:
-            self.screenshot(kept / "screenshot.png")
+            try:
+                self.screenshot(kept / "screenshot.png")
+            except (OSError, ConnectionClosedError) as error:
+                (kept / "no-screenshot.txt").write_text(f"the display could not be read: {error}\n")
 
     def _environment(self) -> dict[str, str]:
         runtime = self.folder / "run"
