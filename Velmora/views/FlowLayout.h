@@ -10,6 +10,8 @@ namespace velmora {
 /// Lays its items side by side and starts a new line where the next one does not fit, so that long
 /// words and large text wrap instead of being cut. Right-to-left layouts are mirrored.
 class FlowLayout final : public QLayout {
+    Q_OBJECT
+
 public:
     /// What happens to the room that a line has left.
     enum class Spread {

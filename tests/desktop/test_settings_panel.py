@@ -126,14 +126,26 @@ def test_closing_gives_the_focus_back(way: str):
         assert program.running
 
 
+def _at_rest(form: SettingsForm) -> Rectangle:
+    """The panel's frame once it has stood still for a while, as it does when it is fitted."""
+    looks: list[Rectangle] = []
+
+    def stands() -> bool:
+        looks.append(form.frame())
+        return len(looks) >= 10 and len(set(looks[-10:])) == 1
+
+    wait_for(stands, 5, "the panel to stand still")
+    return looks[-1]
+
+
 def test_control_and_comma_fit_and_place_it_anew(desktop: Desktop):
     program = desktop.run()
     form = SettingsForm.open(desktop, program)
     wait_for(lambda: inside(form, desktop)[1] >= MARGIN - 1, 3, "the panel in place")
-    home = form.frame()
+    home = _at_rest(form)
     grip = (home.x + home.width // 2, home.y + 10)
     desktop.pointer.drag(grip, (grip[0] - 200 * desktop.scale, grip[1] + 20))
-    wait_for(lambda: form.frame().x < home.x - 100, 3, "the panel elsewhere")
+    wait_for(lambda: form.frame().x < home.x - 100, 5, "the panel elsewhere")
     form.tab_to("5m")
     desktop.pointer.key("Control_L", "comma")
     wait_for(lambda: form.frame() == home, 3, f"the panel back at {home}")
