@@ -24,6 +24,10 @@ public:
     static void announce(WidgetPanel& panel, QString const& before);
 
     explicit WidgetAccessible(WidgetPanel& panel);
+    WidgetAccessible(WidgetAccessible const&) = delete;
+    WidgetAccessible& operator=(WidgetAccessible const&) = delete;
+    WidgetAccessible(WidgetAccessible&&) = delete;
+    WidgetAccessible& operator=(WidgetAccessible&&) = delete;
 
     [[nodiscard]] QAccessibleInterface* parent() const override;
     [[nodiscard]] int childCount() const override;
