@@ -42,7 +42,7 @@ bool hasAlpha(xcb_connection_t* connection, xcb_window_t window)
 /// Whether memory was mapped: a failure is told by the address -1.
 bool mapped(void* memory)
 {
-    return std::bit_cast<std::intptr_t>(memory) != -1;
+    return reinterpret_cast<std::intptr_t>(memory) != -1;
 }
 
 std::size_t bytesOf(int width, int height)

@@ -38,7 +38,7 @@ private:
     std::size_t m_capacity = 0;
     int m_width = 0;
     int m_height = 0;
-    unsigned m_turn = 0;
+    std::size_t m_turn = 0;
 };
 
 } // namespace velmora
