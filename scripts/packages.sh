@@ -21,7 +21,7 @@ packages_desktop=(
 packages_test=(
     libgtest-dev libbenchmark-dev python3 python3-pytest python3-pytest-xdist
     libgnustep-base-dev libobjc-12-dev
-    xvfb locales tzdata appstream desktop-file-utils wmctrl
+    valgrind xvfb locales tzdata appstream desktop-file-utils wmctrl
 )
 # To check the sources.
 packages_lint=(clang clang-format clang-tidy clazy cppcheck shellcheck)
