@@ -7,7 +7,12 @@
 #import <CoreFoundation/CoreFoundation.h>
 #import <CoreGraphics/CoreGraphics.h>
 
+// The two kinds of Mac differ in it.
+#if __OBJC_BOOL_IS_BOOL
+using BOOL = bool;
+#else
 using BOOL = signed char;
+#endif
 #define YES (static_cast<BOOL>(1))
 #define NO (static_cast<BOOL>(0))
 #define nil nullptr
