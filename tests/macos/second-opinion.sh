@@ -24,8 +24,8 @@ trap end EXIT
 clang++ -x objective-c++ -std=c++20 -fobjc-runtime=gcc -fconstant-string-class=NSConstantString \
     -Wall -Wextra -Wundeclared-selector -Werror \
     -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1 -D_NATIVE_OBJC_EXCEPTIONS -I . \
-    -isystem /usr/include/GNUstep -isystem "$gcc/include" \
-    tests/macos/gnustep/Foundation.mm \
+    -isystem tests/macos/gnustep -isystem /usr/include/GNUstep -isystem "$gcc/include" \
+    tests/macos/gnustep/{Foundation,CoreFoundation}.mm Velmora/platform/macos/PreferenceObject.cpp \
     Velmora/platform/macos/{BundleResources,DistributedFocus,ProcessActivity}.mm \
     -L"$gcc" -lobjc -lgnustep-base -o "$own/opinion"
 

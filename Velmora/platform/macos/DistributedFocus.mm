@@ -2,6 +2,7 @@
 
 #include "Velmora/platform/macos/DistributedFocus.h"
 
+#include "Velmora/platform/macos/CoreObject.h"
 #include "Velmora/platform/macos/FocusUserInfo.h"
 #include "Velmora/platform/macos/FoundationText.h"
 
@@ -11,13 +12,10 @@ namespace {
 
 using velmora::FocusUserInfo;
 
-/// Compared by value: on its way from one process to another a boolean may lose its own type and
-/// arrive as the number that equals it.
-std::optional<bool> boolean(id object)
+std::optional<velmora::DefaultsValue> value(NSDictionary* info, char const* key)
 {
-    bool const yes = [[NSNumber numberWithBool:YES] isEqual:object];
-    bool const no = [[NSNumber numberWithBool:NO] isEqual:object];
-    return yes || no ? std::optional(yes) : std::nullopt;
+    id const object = [[info objectForKey:velmora::text(key)] retain];
+    return velmora::defaultsValue(velmora::CoreObject(object));
 }
 
 } // namespace
@@ -33,9 +31,9 @@ std::optional<bool> boolean(id object)
 - (void)receive:(NSNotification*)notification
 {
     NSDictionary* const info = [notification userInfo];
-    (*requested)(velmora::focusRequest(FocusUserInfo{
-        .settings = boolean([info objectForKey:velmora::text(FocusUserInfo::settingsKey)]),
-        .preview = boolean([info objectForKey:velmora::text(FocusUserInfo::previewKey)])}));
+    (*requested)(
+        velmora::focusRequest(FocusUserInfo{.settings = value(info, FocusUserInfo::settingsKey),
+            .preview = value(info, FocusUserInfo::previewKey)}));
 }
 @end
 

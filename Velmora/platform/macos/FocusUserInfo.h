@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Velmora/platform/DefaultsStore.h"
 #include "Velmora/platform/FocusRequest.h"
 
 #include <optional>
@@ -13,15 +14,16 @@ struct FocusUserInfo {
     static constexpr char const* settingsKey = "settings";
     static constexpr char const* previewKey = "preview";
 
-    /// Absent when it is missing or no boolean.
-    std::optional<bool> settings = std::nullopt;
-    std::optional<bool> preview = std::nullopt;
+    /// What came under the two keys; absent when it is missing or neither a boolean nor a number.
+    std::optional<DefaultsValue> settings = std::nullopt;
+    std::optional<DefaultsValue> preview = std::nullopt;
 };
 
-/// What the notification asks for; what it does not say counts as false.
-[[nodiscard]] constexpr FocusRequest focusRequest(FocusUserInfo const& info)
+/// What the notification asks for; what is missing or no boolean counts as false, a number too.
+[[nodiscard]] inline FocusRequest focusRequest(FocusUserInfo const& info)
 {
-    return {.settings = info.settings.value_or(false), .preview = info.preview.value_or(false)};
+    std::optional<DefaultsValue> const yes = DefaultsValue(true);
+    return {.settings = info.settings == yes, .preview = info.preview == yes};
 }
 
 } // namespace velmora

@@ -54,16 +54,19 @@ void tryFocus()
         velmora::postFocusRequest({.settings = true, .preview = false});
         velmora::postFocusRequest({.settings = false, .preview = true});
         post([NSDictionary dictionaryWithObjectsAndKeys:@"yes", @"settings", nil]);
+        post([NSDictionary
+            dictionaryWithObjectsAndKeys:[NSNumber numberWithInt:2], @"preview", nil]);
         post(nil);
-        waitFor(received, 4);
+        waitFor(received, 5);
     }
-    expect(received.size() == 4, "every focus request arrives, once");
-    received.resize(4);
+    expect(received.size() == 5, "every focus request arrives, once");
+    received.resize(5);
     expect(received[0] == FocusRequest{.settings = true, .preview = false}
             && received[1] == FocusRequest{.settings = false, .preview = true},
         "the two booleans arrive as they were sent");
     expect(received[2] == FocusRequest{}, "a text in a boolean's place counts as false");
-    expect(received[3] == FocusRequest{}, "a request that says nothing asks for nothing more");
+    expect(received[3] == FocusRequest{}, "a number that can be no boolean counts as false");
+    expect(received[4] == FocusRequest{}, "a request that says nothing asks for nothing more");
 }
 
 void tryTextAndFiles()

@@ -20,5 +20,11 @@ TEST(FocusUserInfo, WhatIsMissingOrNoBooleanCountsAsFalse)
         (FocusRequest{.settings = false, .preview = true}));
 }
 
+TEST(FocusUserInfo, ANumberIsNoBooleanWhateverItsValue)
+{
+    EXPECT_EQ(focusRequest(FocusUserInfo{.settings = std::int64_t{1}, .preview = 1.0}),
+        FocusRequest{});
+}
+
 } // namespace
 } // namespace velmora
