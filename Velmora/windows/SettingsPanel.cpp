@@ -73,6 +73,10 @@ SettingsPanel::SettingsPanel(Seams seams)
     // It lies over the form and does not fill its rectangle.
     m_scroll->verticalScrollBar()->setAttribute(Qt::WA_OpaquePaintEvent, false);
     m_scroll->setWidget(m_view);
+    // Where the form reaches below the window's title, it leaves that room itself.
+    for (QWidget* const part : {static_cast<QWidget*>(this), static_cast<QWidget*>(m_scroll),
+             m_scroll->viewport(), static_cast<QWidget*>(m_view)})
+        part->setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, false);
     m_view->installEventFilter(this);
 
     auto* layout = new QVBoxLayout(this);

@@ -4,9 +4,19 @@
 
 namespace velmora {
 
+namespace {
+
+constexpr NSWindowStyleMask style
+    = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskFullSizeContentView;
+static_assert(style == 32771);
+
+} // namespace
+
 void AppKitDesktopWindow::joinEveryDesktop(std::uintptr_t window)
 {
     NSWindow* const settings = [reinterpret_cast<NSView*>(window) window];
+    [settings setStyleMask:style];
+    [settings setOpaque:NO];
     [settings setTitlebarAppearsTransparent:YES];
     [settings setTitleVisibility:NSWindowTitleHidden];
     [settings setTitlebarSeparatorStyle:NSTitlebarSeparatorStyleNone];

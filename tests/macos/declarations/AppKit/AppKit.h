@@ -60,6 +60,9 @@ extern "C" NSString* const NSAppearanceNameAqua;
 
 // Sets of bits are plain numbers there, so that they can be joined.
 using NSWindowStyleMask = NSUInteger;
+constexpr NSWindowStyleMask NSWindowStyleMaskTitled = 1U << 0U;
+constexpr NSWindowStyleMask NSWindowStyleMaskClosable = 1U << 1U;
+constexpr NSWindowStyleMask NSWindowStyleMaskFullSizeContentView = 1U << 15U;
 constexpr NSWindowStyleMask NSWindowStyleMaskNonactivatingPanel = 1U << 7U;
 using NSWindowCollectionBehavior = NSUInteger;
 constexpr NSWindowCollectionBehavior NSWindowCollectionBehaviorCanJoinAllSpaces = 1U << 0U;
