@@ -38,11 +38,14 @@ def pytest_runtest_setup(item: pytest.Item) -> None:
 @pytest.hookimpl(hookwrapper=True)
 def pytest_runtest_makereport(item: pytest.Item, call: pytest.CallInfo) -> Iterator[None]:
     report = (yield).get_result()
-    if call.when != "call" or not report.failed:
+    if call.when == "teardown" or not report.failed:
         return
     # Desktops that the test itself opened have kept their evidence on the way out.
     for desktop in Desktop.living:
-        desktop.keep_evidence(Desktop.evidence)
+        try:
+            desktop.keep_evidence(Desktop.evidence)
+        except Exception as trouble:  # the test's own failure is the one to report
+            report.sections.append(("evidence", f"incomplete: {trouble!r}"))
     if Desktop.evidence.exists():
         report.sections.append(("evidence", f"screenshot and logs: {Desktop.evidence}"))
 

@@ -18,8 +18,9 @@ class SettingsForm:
         self._desktop = desktop
         self._program = program
         wait_for(self.window, 5, "the settings on screen")
-        # The window is fitted once more when the window manager has put its frame around it.
-        wait_for(self._rests, 5, "the settings to rest")
+        self.at_rest()
+        wait_for(self._has_the_keyboard, 5, "the keyboard for the settings")
+        wait_for(lambda: self.dialog, 5, "the settings on the accessibility bus")
 
     @classmethod
     def open(cls, desktop: Desktop, program: Program) -> "SettingsForm":
@@ -35,11 +36,31 @@ class SettingsForm:
 
     def frame(self) -> Rectangle:
         """The window with its frame, in device pixels."""
+        return wait_for(self._framed, 5, "the settings in their frame")
+
+    def _framed(self) -> Rectangle | None:
         window = self.window()
-        left, right, top, bottom = self._desktop.x11.property(window.id, "_NET_FRAME_EXTENTS")
+        extents = self._desktop.x11.property(window.id, "_NET_FRAME_EXTENTS") if window else None
+        if extents is None or len(extents) != 4:
+            return None
+        left, right, top, bottom = extents
         place = window.place
         return Rectangle(place.x - left, place.y - top, place.width + left + right,
                          place.height + top + bottom)
+
+    def at_rest(self) -> Rectangle:
+        """The frame once it has stood still for a while.
+
+        The window is fitted once more when the window manager has put its frame around it.
+        """
+        looks: list[Rectangle | None] = []
+
+        def stands() -> bool:
+            looks.append(self._framed())
+            return looks[-1] is not None and len(looks) >= 10 and len(set(looks[-10:])) == 1
+
+        wait_for(stands, 5, "the settings to stand still")
+        return looks[-1]
 
     def gone(self) -> bool:
         """Whether the settings are closed."""
@@ -98,19 +119,21 @@ class SettingsForm:
         for _ in range(30):
             if self.focused() == name:
                 return
-            before = self.focused()
+            before = self._step()
             self._desktop.pointer.key("Tab")
-            # A picker keeps the focus while Tab goes from its hour to its minute.
-            if before not in ("From", "To"):
-                wait_for(lambda: self.focused() != before, 2, f"the focus to leave {before!r}")
-            else:
-                wait_for(lambda: True, 1, "one step")
+            wait_for(lambda: self._step() != before, 2, f"Tab to leave {before}")
         raise AssertionError(f"Tab never reached {name!r}")
 
-    def _rests(self) -> bool:
-        window = self.window()
-        extents = window and self._desktop.x11.property(window.id, "_NET_FRAME_EXTENTS")
-        return bool(extents is not None and len(extents) and self.dialog)
+    def _step(self) -> tuple[str | None, tuple[int, int] | None]:
+        """Where Tab has come to: a control, and in a picker its hour or its minute."""
+        name = self.focused()
+        return name, self.control(name).selection if name in ("From", "To") else None
+
+    def _has_the_keyboard(self) -> bool:
+        window, active = self.window(), self._desktop.x11.property(
+            self._desktop.x11.root.id, "_NET_ACTIVE_WINDOW")
+        return bool(window and active is not None and len(active) and active[0] == window.id
+                    and self._desktop.x11.focus() == window.id)
 
 
 def _extents(element: Accessible) -> tuple[int, int, int, int]:

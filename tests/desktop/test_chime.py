@@ -3,6 +3,7 @@
 import shutil
 import signal
 import subprocess
+import time
 from pathlib import Path
 
 import pytest
@@ -10,6 +11,8 @@ import pytest
 from harness import Desktop, program_path, wait_for, watch
 
 MISSING = "Velmora: chime.wav is missing from the app.\n"
+# Seconds that an answer may take on a busy machine, and far fewer than a sound server's time-outs.
+PROMPT = 5.0
 CHIME = Path(__file__).resolve().parents[2] / "resources" / "chime.wav"
 
 
@@ -23,10 +26,16 @@ def chimed(ear, number: int, bound: float = 6.0) -> None:
     wait_for(lambda: len(ear.sounds()) >= number, bound, f"chime {number}")
 
 
+def faded(ear) -> bool:
+    return ear.peak(since=time.monotonic() - 0.5) < -60
+
+
 def answers_at_once(program) -> None:
-    """The main thread does its work: the menu answers within the time of a frame or two."""
+    """The main thread does its work: the menu answers, and not when something else has."""
+    start = time.monotonic()
     program.item.open_menu()
     program.item.close_menu()
+    assert time.monotonic() - start < PROMPT
 
 
 @pytest.fixture
@@ -41,8 +50,8 @@ def test_the_volume_is_linear_in_amplitude(plain):
     peaks = []
     for volume in (1.0, 0.55, 0.1):
         plain.settings.write(soundVolume=volume)
-        program = plain.run("--preview")
         with plain.sound.listen() as ear:
+            program = plain.run("--preview")
             chimed(ear, 1)
             watch(lambda: len(ear.sounds()) == 1, 2.5, "one chime")
             peaks.append(ear.peak())
@@ -54,8 +63,8 @@ def test_the_volume_is_linear_in_amplitude(plain):
 
 def test_sound_switched_off_is_silence(plain):
     plain.settings.write(soundEnabled=False)
-    program = plain.run("--preview")
     with plain.sound.listen() as ear:
+        program = plain.run("--preview")
         program.wait_for_status("Velmora", 5)
         watch(lambda: not ear.sounds(), 1.5, "silence")
 
@@ -65,15 +74,14 @@ def test_a_second_chime_restarts_the_first(plain):
     program.item
     with plain.sound.listen() as ear:
         program.item.click("Velmora Now")
-        wait_for(lambda: ear.seconds() and ear.sounds(), 3, "the chime")
-        wait_for(lambda: len(ear.sounds()[0]) > 80, 3, "most of a second of it")
+        wait_for(lambda: ear.sounds() and len(ear.sounds()[0]) > 80, 3, "most of a second of the chime")
+        first, struck = ear.peak(), time.monotonic()
+        assert ear.peak(since=struck - 0.2) < first - 3, "the first stroke fades"
         program.item.click("Velmora Now")
-        sounds = ear.sounds
-        # One run of sound: struck again before it had faded, and as loud as the first stroke.
-        wait_for(lambda: len(sounds()[0]) > 200, 5, "the second stroke to fade")
-        run = sounds()[0]
-        middle = [moment.peak for moment in run[75:200]]
-        assert max(middle) == pytest.approx(max(moment.peak for moment in run[:30]), abs=1.0)
+        # Struck again before it had faded, and as loud as at first.
+        wait_for(lambda: ear.peak(since=struck) == pytest.approx(first, abs=1.0), 5, "the second stroke")
+        wait_for(lambda: faded(ear), 5, "the end of it")
+        assert len(ear.sounds()) == 1
 
 
 def test_a_missing_chime_is_said_once_and_one_put_back_is_played(plain, own_copy):
@@ -86,7 +94,7 @@ def test_a_missing_chime_is_said_once_and_one_put_back_is_played(plain, own_copy
     with plain.sound.listen() as ear:
         program.item.click("Velmora Now")
         chimed(ear, 1)
-        watch(lambda: True, 2.2, "the chime to fade")
+        wait_for(lambda: faded(ear), 5, "the chime to fade")
         # Held from now on.
         (own_copy.parent / "chime.wav").unlink()
         program.item.click("Velmora Now")
@@ -154,7 +162,7 @@ def test_a_hung_sound_server_holds_up_nothing_and_the_program_can_end(plain):
         program.item.click("Velmora Now")
         answers_at_once(program)
     program.wait_for_status("Velmora", 1)
-    assert program.stop(signal.SIGTERM, bound=2) == 0
+    assert program.stop(signal.SIGTERM, bound=PROMPT) == 0
     assert program.errors == ""
     plain.sound.resume()
 
@@ -199,5 +207,5 @@ def test_a_comma_as_decimal_point_changes_no_volume(plain):
     with plain.sound.listen() as ear:
         plain.run("--preview", environment=german)
         chimed(ear, 1)
-        watch(lambda: True, 0.5, "the stroke to pass")
+        wait_for(lambda: faded(ear), 5, "the chime to fade")
         assert ear.peak() == pytest.approx(-14.2, abs=1.0)

@@ -8,6 +8,7 @@ from pathlib import Path
 import pytest
 
 from harness import Desktop, program_path, wait_for, watch
+from harness.waiting import PATIENCE
 
 AGENT = "Library/LaunchAgents/com.local.velmora.plist"
 
@@ -108,11 +109,11 @@ def test_the_entry_starts_the_program_from_any_path(plain, name):
         "entry = Gio.DesktopAppInfo.new_from_filename(sys.argv[1])\n"
         "assert entry, 'TryExec names no program'\nassert entry.launch([], None)\n",
         str(entry(plain))])
-    assert launcher.wait(5) == 0
+    assert launcher.wait(PATIENCE) == 0
     orb = wait_for(lambda: next((w for w in plain.x11.windows() if w.title == "Velmora"), None), 10,
                    "the orb of the program that was started by its entry")
     assert Path(f"/proc/{orb.pid}/exe").resolve() == program.resolve()
-    assert plain.run().wait(5) == 0
+    assert plain.run().wait() == 0
 
 
 def test_a_program_that_moved_repairs_its_entry(plain):

@@ -76,7 +76,7 @@ def test_on_a_low_display_it_scrolls_to_the_actions():
         place, window = form.place("Quit"), form.window().place
         assert window.y <= place.y and place.y + place.height <= window.y + window.height
         form.click("Quit")
-        assert program.wait(5) == 0
+        assert program.wait() == 0
 
 
 def test_at_one_and_a_half_times_the_text_size_it_fits_and_reaches_its_actions():
@@ -88,7 +88,7 @@ def test_at_one_and_a_half_times_the_text_size_it_fits_and_reaches_its_actions()
                  == pytest.approx(KEPT_FREE * 1.5, abs=2), 3, "the panel inside the display")
         form.tab_to("Quit")
         desktop.pointer.key("Return")
-        assert program.wait(5) == 0
+        assert program.wait() == 0
 
 
 def test_it_is_a_managed_window_on_every_desktop_above_the_others(desktop: Desktop):
@@ -120,32 +120,20 @@ def test_closing_gives_the_focus_back(way: str):
         else:
             program.accessible.find(name="Settings", role="push button").act("Press")
         wait_for(form.gone, 3, "the settings to close")
-        wait_for(lambda: letter.events().count("focus") == 2, 3, "the letter to have the focus back")
+        wait_for(lambda: letter.events().count("focus") >= 2, 3, "the letter to have the focus back")
 
         SettingsForm.open(desktop, program)
         assert program.running
-
-
-def _at_rest(form: SettingsForm) -> Rectangle:
-    """The panel's frame once it has stood still for a while, as it does when it is fitted."""
-    looks: list[Rectangle] = []
-
-    def stands() -> bool:
-        looks.append(form.frame())
-        return len(looks) >= 10 and len(set(looks[-10:])) == 1
-
-    wait_for(stands, 5, "the panel to stand still")
-    return looks[-1]
 
 
 def test_control_and_comma_fit_and_place_it_anew(desktop: Desktop):
     program = desktop.run()
     form = SettingsForm.open(desktop, program)
     wait_for(lambda: inside(form, desktop)[1] >= MARGIN - 1, 3, "the panel in place")
-    home = _at_rest(form)
+    home = form.at_rest()
     grip = (home.x + home.width // 2, home.y + 10)
-    desktop.pointer.drag(grip, (grip[0] - 200 * desktop.scale, grip[1] + 20))
-    wait_for(lambda: form.frame().x < home.x - 100, 5, "the panel elsewhere")
+    desktop.pointer.drag_until(grip, (grip[0] - 200 * desktop.scale, grip[1] + 20),
+                               lambda: form.frame().x < home.x - 100, "the panel elsewhere")
     form.tab_to("5m")
     desktop.pointer.key("Control_L", "comma")
     wait_for(lambda: form.frame() == home, 3, f"the panel back at {home}")
@@ -158,7 +146,7 @@ def test_control_and_q_save_and_end_the_program(desktop: Desktop):
     form.tab_to("20m")
     desktop.pointer.key("space")
     desktop.pointer.key("Control_L", "q")
-    assert program.wait(5) == 0
+    assert program.wait() == 0
     assert program.settings.read()["intervalMinutes"] == 20
 
 
@@ -169,9 +157,10 @@ def test_it_follows_the_orb_at_the_next_opening(desktop: Desktop):
     wait_for(form.gone, 3, "the settings to close")
     orb = program.wait_for_orb().place
     desktop.pointer.drag(orb.centre, (200 * desktop.scale, 400 * desktop.scale))
-    form = SettingsForm.open(desktop, program)
+    wait_for(lambda: program.wait_for_orb().place.centre == (200 * desktop.scale, 400 * desktop.scale), 3,
+             "the orb where it was dragged")
     moved = program.wait_for_orb().place
-    assert moved.x < orb.x - 300
+    form = SettingsForm.open(desktop, program)
     wait_for(lambda: abs(form.frame().x - moved.x - moved.width - GAP * desktop.scale)
              <= desktop.scale, 3, "the panel beside the orb's new place")
 
@@ -179,7 +168,7 @@ def test_it_follows_the_orb_at_the_next_opening(desktop: Desktop):
 def test_a_second_launch_opens_the_settings_of_the_first(desktop: Desktop):
     program = desktop.run()
     program.wait_for_orb()
-    assert desktop.run("--settings").wait(5) == 0
+    assert desktop.run("--settings").wait() == 0
     form = SettingsForm(desktop, program)
-    assert desktop.run("--settings").wait(5) == 0
+    assert desktop.run("--settings").wait() == 0
     watch(lambda: not form.gone(), 0.5, "the settings stay open")

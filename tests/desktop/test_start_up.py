@@ -7,6 +7,7 @@ import pytest
 from gi.repository import GLib
 
 from harness import Desktop, program_path, wait_for, watch
+from harness.waiting import PATIENCE
 
 GIVES_WAY = "Velmora: already running — bringing it forward.\n"
 LOCK = "Library/Application Support/Velmora/instance.lock"
@@ -47,7 +48,7 @@ def test_a_second_launch_says_so_asks_three_times_and_exits_with_0(plain):
     heard = requests_on(plain.session_bus)
     start = time.monotonic()
     second = plain.run()
-    assert second.wait(5) == 0
+    assert second.wait() == 0
     assert time.monotonic() - start >= 0.36
     assert second.errors == GIVES_WAY
     wait_for(lambda: len(heard) >= 3, 2, "the requests")
@@ -70,7 +71,7 @@ def test_a_second_launch_brings_the_orb_forward_and_changes_nothing_else(plain):
         f"window.move({orb.place.x}, {orb.place.y}); window.set_default_size(200, 200)\n"
         "window.show_all(); Gtk.main()\n"])
     wait_for(lambda: windows_above(plain, first), 5, "the orb to be covered")
-    assert plain.run().wait(5) == 0
+    assert plain.run().wait() == 0
     wait_for(lambda: not windows_above(plain, first), 2, "the orb above the cover")
     assert first.status_line[:4] == before[:4] and len(first.windows()) == 1
     plain.processes.end(cover)
@@ -79,9 +80,9 @@ def test_a_second_launch_brings_the_orb_forward_and_changes_nothing_else(plain):
 def test_a_second_launch_shows_the_settings_of_the_first_and_leaves_them_shown(plain):
     first = plain.run()
     first.wait_for_orb()
-    assert plain.run("--settings").wait(5) == 0
+    assert plain.run("--settings").wait() == 0
     wait_for(lambda: len(first.windows()) == 2, 3, "the settings panel")
-    assert plain.run("--settings").wait(5) == 0
+    assert plain.run("--settings").wait() == 0
     watch(lambda: len(first.windows()) == 2, 0.5, "the settings panel shown")
 
 
@@ -89,7 +90,7 @@ def test_a_second_launch_starts_a_reminder_in_the_first(plain):
     first = plain.run()
     first.wait_for_orb()
     with plain.sound.listen() as ear:
-        assert plain.run("--preview").wait(5) == 0
+        assert plain.run("--preview").wait() == 0
         first.wait_for_status("Velmora", 3)
         # Each of the three requests starts the reminder, and so the chime, from the beginning.
         wait_for(lambda: ear.sounds(), 3, "the chime")
@@ -99,7 +100,7 @@ def test_both_flags_are_passed_on_and_what_only_resembles_them_is_not(plain):
     plain.run().wait_for_orb()
     heard = requests_on(plain.session_bus)
     for arguments in (["--preview", "--settings"], ["--settings=1", "--previews", "-settings"]):
-        assert plain.run(*arguments).wait(5) == 0
+        assert plain.run(*arguments).wait() == 0
     wait_for(lambda: len(heard) >= 6, 2, "the requests")
     assert heard == [{"settings": True, "preview": True}] * 3 + \
         [{"settings": False, "preview": False}] * 3
@@ -111,7 +112,7 @@ def test_the_first_launch_honours_both_flags_settings_first(plain):
     wait_for(lambda: len(program.windows()) == 2, 5, "the settings panel")
     shown = time.monotonic()
     program.wait_for_status("Velmora", 3)
-    assert time.monotonic() - start >= 0.35 and time.monotonic() - shown < 3
+    assert time.monotonic() - start >= 0.35 and time.monotonic() - shown < 10
 
 
 def test_a_second_launch_needs_no_display_and_no_bus():
@@ -120,13 +121,14 @@ def test_a_second_launch_needs_no_display_and_no_bus():
         first.wait_for_orb()
         heard = requests_on(desktop.session_bus)
         blind = desktop.run(environment={"DISPLAY": "", "WAYLAND_DISPLAY": ""})
-        assert blind.wait(3) == 0 and blind.errors == GIVES_WAY
+        assert blind.wait() == 0 and blind.errors == GIVES_WAY
         wait_for(lambda: len(heard) == 3, 2, "the requests of a launch without a display")
         start = time.monotonic()
         deaf = desktop.run(environment={
             "DBUS_SESSION_BUS_ADDRESS": f"unix:path={desktop.folder}/no-bus"})
-        assert deaf.wait(3) == 0 and deaf.errors == GIVES_WAY
-        assert time.monotonic() - start < 1.5
+        assert deaf.wait() == 0 and deaf.errors == GIVES_WAY
+        # The library would wait 25 seconds for an answer.
+        assert time.monotonic() - start < 10
         assert first.running
 
 
@@ -135,7 +137,7 @@ def test_without_a_session_bus_the_lock_still_decides():
         first = desktop.run()
         first.wait_for_orb()
         second = desktop.run("--settings")
-        assert second.wait(3) == 0 and second.errors == GIVES_WAY
+        assert second.wait() == 0 and second.errors == GIVES_WAY
         assert first.running
         assert first.stop() == 0
         assert first.errors == ""
@@ -179,7 +181,7 @@ def test_a_killed_program_frees_the_lock(plain):
 def test_a_lock_that_cannot_be_taken_makes_the_program_give_way(plain):
     (plain.home / "Library").write_text("a file in the way")
     program = plain.run()
-    assert program.wait(3) == 0 and program.errors == GIVES_WAY
+    assert program.wait() == 0 and program.errors == GIVES_WAY
 
 
 def test_nothing_that_anyone_sends_disturbs_the_program(plain):
@@ -206,7 +208,7 @@ def test_nothing_that_anyone_sends_disturbs_the_program(plain):
 def test_help_and_version_answer_and_touch_nothing(plain):
     for argument, expected in (("--help", "--settings"), ("--version", "Velmora 0.")):
         done = subprocess.run([program_path(), argument], env=plain.environment,
-                              capture_output=True, text=True, timeout=5)
+                              capture_output=True, text=True, timeout=PATIENCE)
         assert done.returncode == 0 and expected in done.stdout and done.stderr == ""
     assert not (plain.home / LOCK).exists()
 
@@ -224,6 +226,6 @@ def test_closed_standard_streams_do_no_harm(plain):
     first.wait_for_orb()
     script = 'exec "$0" <&- >&- 2>&-'
     done = subprocess.run(["/bin/sh", "-c", script, str(program_path())], env=plain.environment,
-                          timeout=5)
+                          timeout=PATIENCE)
     assert done.returncode == 0
     assert lock.read_text() == f"{first.pid}\n"

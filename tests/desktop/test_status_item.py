@@ -28,6 +28,41 @@ def systray(desktop) -> Rectangle | None:
                  and window.place.width >= 24 * desktop.scale), None)
 
 
+def contrast(desktop, place: Rectangle) -> int:
+    """How far the lightest and the darkest pixel are apart across the middle of a place, 0..255."""
+    pixels = desktop.x11.pixels(place).astype(int).mean(axis=2)
+    middle = pixels[pixels.shape[0] // 2]
+    return int(middle.max() - middle.min())
+
+
+def drawn(desktop, find) -> Rectangle:
+    """The place of an icon, once it is drawn and has stood still for a while."""
+    looks: list[Rectangle | None] = []
+
+    def stands() -> bool:
+        place = find()
+        looks.append(place if place and contrast(desktop, place) > 60 else None)
+        return looks[-1] is not None and len(looks) >= 10 and len(set(looks[-10:])) == 1
+
+    wait_for(stands, 5, "the icon to be drawn and to stand still")
+    return looks[-1]
+
+
+def open_by_click(desktop, program, place: Rectangle, button: int):
+    """Clicks an icon and answers the program's own menu."""
+    desktop.pointer.click(*place.centre, button)
+    return wait_for(lambda: menu_of(program), 3, "the menu")
+
+
+def close_by_click_elsewhere(desktop, program) -> None:
+    """Clicks on the bare desktop, again where the menu had not yet taken hold of the pointer."""
+    def closed() -> bool:
+        desktop.pointer.click(300, 500, LEFT)
+        return not menu_of(program)
+
+    wait_for(closed, 3, "the menu closed", every=0.5)
+
+
 def menu_of(program):
     """The menu that the program itself has opened, or none."""
     return next((window for window in program.windows()
@@ -66,10 +101,11 @@ def test_the_open_menus_first_row_follows_the_countdown_and_nothing_else_changes
     item = program.item
     item.open_menu()
     first = item.rows()[0]
-    wait_for(lambda: len(item.row_changes) >= 3, 6, "three seconds to pass in the menu")
+    wait_for(lambda: len(item.row_changes) >= 4, 6, "three seconds to pass in the menu")
     assert {number for number, _ in item.row_changes} == {first.number}
     seconds = [int(text.removeprefix("Next in ").removesuffix("s")) for _, text in item.row_changes]
-    assert seconds == list(range(seconds[0], seconds[0] - len(seconds), -1))
+    # A program that did not get its turn for a moment leaves a second out.
+    assert all(1 <= earlier - later <= 2 for earlier, later in zip(seconds, seconds[1:]))
 
 
 def test_the_first_row_is_written_only_when_it_reads_differently(plain):
@@ -102,7 +138,7 @@ def test_every_row_does_what_it_says(plain):
     program.item.click("Velmora Now")
     program.wait_for_status("Velmora", 2)
     program.item.click("Quit Velmora")
-    assert program.wait(5) == 0
+    assert program.wait() == 0
     assert program.errors == ""
 
 
@@ -111,23 +147,20 @@ def test_a_left_click_opens_the_programs_menu_and_a_click_elsewhere_closes_it(sc
     with Desktop(scale=scale) as desktop:
         program = desktop.run()
         program.wait_for_orb()
-        place = wait_for(lambda: systray(desktop), 5, "the icon in the panel")
+        program.item
+        place = drawn(desktop, lambda: systray(desktop))
         for _ in range(3):
-            desktop.pointer.click(*place.centre, LEFT)
-            menu = wait_for(lambda: menu_of(program), 3, "the menu")
+            menu = open_by_click(desktop, program, place, LEFT)
             assert menu.place.y >= place.y + place.height - 1
             assert menu.place.x >= 0 and menu.place.x + menu.place.width <= desktop.x11.size()[0]
-            desktop.pointer.click(300, 500, LEFT)
-            wait_for(lambda: not menu_of(program), 3, "the menu closed")
+            close_by_click_elsewhere(desktop, program)
 
 
 def test_a_row_of_the_programs_own_menu_can_be_clicked(plain):
     program = plain.run()
     program.wait_for_orb()
     program.item
-    place = wait_for(lambda: systray(plain), 5, "the icon in the panel")
-    plain.pointer.click(*place.centre, LEFT)
-    menu = wait_for(lambda: menu_of(program), 3, "the menu")
+    menu = open_by_click(plain, program, drawn(plain, lambda: systray(plain)), LEFT)
     # The third row: below the status line and the first separator.
     plain.pointer.click(menu.place.x + menu.place.width // 3, menu.place.y + 34, LEFT)
     program.wait_for_status("Paused", 3)
@@ -136,7 +169,7 @@ def test_a_row_of_the_programs_own_menu_can_be_clicked(plain):
 def test_a_right_click_opens_the_panels_menu(plain):
     program = plain.run()
     program.item
-    place = wait_for(lambda: systray(plain), 5, "the icon in the panel")
+    place = drawn(plain, lambda: systray(plain))
     before = {window.id for window in plain.x11.windows()}
     plain.pointer.click(*place.centre, RIGHT)
     wait_for(lambda: [window for window in plain.x11.windows()
@@ -209,12 +242,10 @@ def icon_in_tray(program):
 def test_a_tray_of_the_old_kind_gets_the_icon_and_both_clicks_open_the_menu():
     with Desktop(tray="xembed") as desktop:
         program = desktop.run()
-        icon = wait_for(lambda: icon_in_tray(program), 10, "the icon in the tray")
+        place = drawn(desktop, lambda: icon_in_tray(program).place if icon_in_tray(program) else None)
         for button in (LEFT, RIGHT):
-            desktop.pointer.click(*icon.place.centre, button)
-            wait_for(lambda: menu_of(program), 3, "the menu")
-            desktop.pointer.click(300, 500, LEFT)
-            wait_for(lambda: not menu_of(program), 3, "the menu closed")
+            open_by_click(desktop, program, place, button)
+            close_by_click_elsewhere(desktop, program)
 
 
 def test_a_tray_of_the_old_kind_gets_the_icon_without_a_session_bus():
@@ -228,13 +259,7 @@ def test_the_icon_can_be_read_in_a_tray_that_tells_no_colours():
     with Desktop(tray="xembed") as desktop:
         program = desktop.run()
         icon = wait_for(lambda: icon_in_tray(program), 10, "the icon in the tray")
-
-        def contrast() -> int:
-            pixels = desktop.x11.pixels(icon.place)[:, :, :3].astype(int).mean(axis=2)
-            middle = pixels[pixels.shape[0] // 2]
-            return int(middle.max() - middle.min())
-
-        wait_for(lambda: contrast() > 120, 3, "a light image on a dark ground")
+        wait_for(lambda: contrast(desktop, icon.place) > 120, 3, "a light image on a dark ground")
 
 
 def test_a_tray_of_the_old_kind_that_restarts_gets_the_icon_back():
@@ -253,13 +278,13 @@ def test_without_any_tray_nothing_is_lost():
     with Desktop(tray="none") as desktop:
         program = desktop.run()
         program.wait_for_orb()
-        assert desktop.run("--settings").wait(5) == 0
+        assert desktop.run("--settings").wait() == 0
         panel = wait_for(
             lambda: next((w for w in program.windows() if not w.override_redirect), None), 3,
             "the settings panel")
         desktop.pointer.click(panel.place.x + 20, panel.place.y + 20)
         desktop.pointer.key("Control_L", "q")
-        assert program.wait(5) == 0
+        assert program.wait() == 0
         assert "heldRemaining" in desktop.settings.read()
 
 

@@ -48,7 +48,7 @@ class Accessibility:
             self._connection = connect(address)
             # The registry is started by its first use.
             self._connection.call_sync(_REGISTRY, _ROOT, "org.freedesktop.DBus.Peer", "Ping", None, None,
-                                       Gio.DBusCallFlags.NONE, 5000, None)
+                                       Gio.DBusCallFlags.NONE, int(COMING_UP * 1000), None)
         desktop = Accessible(self._connection, _REGISTRY, _ROOT)
         for child in desktop.children():
             if child.pid() == pid:
@@ -81,6 +81,13 @@ class Accessible:
     def text(self) -> str:
         """What the element's text interface holds."""
         return self._call("org.a11y.atspi.Text", "GetText", GLib.Variant("(ii)", (0, -1)))[0]
+
+    @property
+    def selection(self) -> tuple[int, int] | None:
+        """Where the selected part of the text begins and ends; none without a selection."""
+        if not self._call("org.a11y.atspi.Text", "GetNSelections")[0]:
+            return None
+        return self._call("org.a11y.atspi.Text", "GetSelection", GLib.Variant("(i)", (0,)))
 
     @property
     def value(self) -> float:

@@ -6,7 +6,7 @@ from pathlib import Path
 from gi.repository import Gio, GLib
 
 from .processes import Processes
-from .waiting import COMING_UP, wait_for
+from .waiting import COMING_UP, PATIENCE, listens, wait_for
 
 # A bus without service folders: nothing is started behind a test's back.
 _CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -41,7 +41,7 @@ class Bus:
 
     def wait(self) -> None:
         """Returns when the bus takes connections."""
-        wait_for(self._socket.exists, COMING_UP, f"the {self._kind} bus")
+        wait_for(lambda: listens(self._socket), COMING_UP, f"the {self._kind} bus")
 
     @property
     def connection(self) -> Gio.DBusConnection:
@@ -64,6 +64,11 @@ class Bus:
         except GLib.Error:
             return None
 
+    def names(self) -> list[str]:
+        """Every name on the bus, the unique ones too."""
+        return self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                         "ListNames")[0]
+
     def pid_of(self, name: str) -> int | None:
         """The process behind a name on the bus, or none."""
         try:
@@ -73,7 +78,7 @@ class Bus:
             return None
 
     def call(self, name: str, path: str, interface: str, method: str,
-             arguments: GLib.Variant | None = None, bound: float = 5.0) -> tuple:
+             arguments: GLib.Variant | None = None, bound: float = PATIENCE) -> tuple:
         """Calls a method and answers its results as plain values."""
         return call(self.connection, name, path, interface, method, arguments, bound)
 
@@ -107,7 +112,7 @@ def connect(address: str) -> Gio.DBusConnection:
 
 
 def call(connection: Gio.DBusConnection, name: str, path: str, interface: str, method: str,
-         arguments: GLib.Variant | None = None, bound: float = 5.0) -> tuple:
+         arguments: GLib.Variant | None = None, bound: float = PATIENCE) -> tuple:
     """Calls a method over a connection, never starting its owner, within `bound` seconds."""
     reply = connection.call_sync(name, path, interface, method, arguments, None,
                                  Gio.DBusCallFlags.NO_AUTO_START, int(bound * 1000), None)

@@ -7,7 +7,7 @@ from collections import Counter
 from collections.abc import Callable
 from pathlib import Path
 
-from Xlib.error import ConnectionClosedError
+from Xlib.error import ConnectionClosedError, XError
 
 from .accessibility import Accessibility
 from .bus import Bus
@@ -152,8 +152,8 @@ class Desktop:
         if self.x11:
             try:
                 self.screenshot(kept / "screenshot.png")
-            except (OSError, ConnectionClosedError) as error:
-                (kept / "no-screenshot.txt").write_text(f"the display could not be read: {error}\n")
+            except (OSError, ConnectionClosedError, XError) as error:
+                (kept / "no-screenshot.txt").write_text(f"the display could not be read: {error!r}\n")
 
     def _environment(self) -> dict[str, str]:
         runtime = self.folder / "run"

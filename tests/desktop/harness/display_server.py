@@ -8,7 +8,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 from .processes import Processes
-from .waiting import COMING_UP, wait_for
+from .waiting import COMING_UP, PATIENCE, wait_for
 
 _DUMMY_DRIVER = Path("/usr/lib/xorg/modules/drivers/dummy_drv.so")
 _TEST_INPUT_DRIVER = Path("/usr/lib/xorg/modules/input/inputtest_drv.so")
@@ -144,7 +144,7 @@ class DisplayServer:
 
     def _xrandr(self, *arguments: str) -> str:
         done = subprocess.run(["xrandr", "--display", self.name, *arguments], capture_output=True,
-                              text=True, timeout=10, env=self._processes.environment)
+                              text=True, timeout=PATIENCE, env=self._processes.environment)
         if done.returncode != 0:
             raise RuntimeError(f"xrandr {' '.join(arguments)}: {done.stderr.strip()}")
         return done.stdout

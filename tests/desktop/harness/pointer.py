@@ -1,8 +1,12 @@
 """A hand on the mouse and the keyboard."""
 
+import itertools
+from collections.abc import Callable
+
 from Xlib import XK, X
 from Xlib.ext import xtest
 
+from .waiting import wait_for
 from .x11 import X11
 
 LEFT, MIDDLE, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 2, 3, 4, 5
@@ -43,6 +47,29 @@ class Pointer:
             self.move(start[0] + (end[0] - start[0]) * step // steps,
                       start[1] + (end[1] - start[1]) * step // steps)
         self.release()
+
+    def drag_until(self, start: tuple[int, int], end: tuple[int, int], followed: Callable[[], object],
+                   what: str) -> None:
+        """Drags until what is dragged has followed, and only then releases.
+
+        For what another program moves, such as a window by its frame: a window manager tells a drag
+        from a click by what it sees on the way, and one that is busy sees no more than the release.
+        """
+        self.move(*start)
+        self.press()
+        wiggle = itertools.cycle((0, 1))
+
+        def pull() -> object:
+            self.move(end[0] + next(wiggle), end[1])
+            return followed()
+
+        for step in range(1, 5):
+            self.move(start[0] + (end[0] - start[0]) * step // 100, start[1] + (end[1] - start[1]) * step // 100)
+        try:
+            wait_for(pull, 5, what)
+            self.move(*end)
+        finally:
+            self.release()
 
     def wheel(self, notches: int) -> None:
         """Turns the wheel where the pointer is: up when positive, down when negative."""

@@ -7,7 +7,7 @@ import subprocess
 from dataclasses import dataclass
 from pathlib import Path
 
-from .waiting import NotInTime, wait_for
+from .waiting import PATIENCE, NotInTime, in_time
 
 # Every process of a desktop inherits this variable, so that those which other programs started
 # for themselves (a bus starting a service, a panel its plugins) are known as well.
@@ -72,7 +72,7 @@ class Processes:
         self._started.append(process)
         return process
 
-    def run(self, command: list[str], bound: float = 10.0) -> str:
+    def run(self, command: list[str], bound: float = PATIENCE) -> str:
         """Runs a program to its end and answers what it printed; raises when it fails."""
         done = subprocess.run(command, stdin=subprocess.DEVNULL, env=self.environment,
                               cwd=self.folder, capture_output=True, text=True, timeout=bound)
@@ -105,7 +105,7 @@ class Processes:
             for process in self.living():
                 process.send(number)
             try:
-                wait_for(lambda: not self.living(), 2.0, "the desktop's processes to end")
+                in_time(lambda: not self.living(), 5.0, "the desktop's processes to end")
                 return
             except NotInTime:
                 if number == signal.SIGKILL:

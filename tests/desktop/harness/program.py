@@ -10,7 +10,7 @@ from .accessibility import Accessible
 from .cost import Cost
 from .settings import Settings
 from .status_item import StatusItem
-from .waiting import wait_for
+from .waiting import PATIENCE, wait_for
 from .x11 import Window
 
 if TYPE_CHECKING:
@@ -110,11 +110,11 @@ class Program:
         """Sends a signal."""
         self.process.send_signal(number)
 
-    def wait(self, bound: float = 10.0) -> int:
+    def wait(self, bound: float = PATIENCE) -> int:
         """Waits until the program has ended by itself and answers its exit status."""
         return self.process.wait(bound)
 
-    def stop(self, number: int = signal.SIGTERM, bound: float = 10.0) -> int:
+    def stop(self, number: int = signal.SIGTERM, bound: float = PATIENCE) -> int:
         """Sends a signal, waits for the end and answers the exit status."""
         self.send(number)
         return self.wait(bound)

@@ -11,7 +11,7 @@ from pathlib import Path
 import numpy
 
 from .processes import Processes
-from .waiting import COMING_UP, wait_for
+from .waiting import COMING_UP, listens, wait_for
 
 RATE = 48000
 _SILENCE = -120.0
@@ -38,7 +38,7 @@ class SoundServer:
 
     def wait(self) -> None:
         """Returns when the server takes connections."""
-        wait_for(self._socket.exists, COMING_UP, "the sound server")
+        wait_for(lambda: listens(self._socket), COMING_UP, "the sound server")
 
     def stop(self) -> None:
         """Ends the server; programs lose their connection."""

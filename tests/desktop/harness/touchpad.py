@@ -4,6 +4,8 @@ import socket
 import struct
 from pathlib import Path
 
+from .waiting import PATIENCE
+
 _VERSION, _WAIT_FOR_SYNC, _MOTION, _PINCH = 0, 1, 2, 7
 _BEGIN, _UPDATE, _END = 27, 28, 29  # the input extension's numbers for a pinch
 _VALUATORS = 64
@@ -15,7 +17,7 @@ class Touchpad:
 
     def __init__(self, path: Path):
         self._socket = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
-        self._socket.settimeout(5)
+        self._socket.settimeout(PATIENCE)
         self._socket.connect(str(path))
         self._send(_VERSION, struct.pack("=HH", 1, 1))
         self._receive()
