@@ -82,9 +82,7 @@ def test_a_display_server_that_goes_away_costs_nothing(plain):
     plain.settings.write(intervalMinutes=15, heldRemaining=590.0)
     program = plain.run()
     for row, paused in (("Pause Reminders", True), ("Resume Reminders", False)):
-        program.item.open_menu()
-        program.item.click(row)
-        program.item.close_menu()
+        program.item.choose(row)
         wait_for(lambda paused=paused: plain.settings.read().get("paused") is paused, 3, f"{row} on the disk")
     # From here on the countdown is stored only when its minute changes, which is not soon.
     held, resumed = plain.settings.read()["heldRemaining"], time.monotonic()
@@ -145,23 +143,6 @@ def test_going_to_sleep_saves_at_once_and_waking_ticks_at_once(plain):
     plain.logind.woke_up()
     watch(lambda: program.running and program.status_line.startswith("Next in 10m"), 1,
           "the countdown going on")
-
-
-def test_a_reminder_that_fell_due_while_the_machine_slept_comes_at_the_waking(plain):
-    plain.settings.write(intervalMinutes=15, heldRemaining=12.0)
-    program = plain.run()
-    seconds = int(program.wait_for_status("Next in", 5).removeprefix("Next in ").removesuffix("s"))
-    due = time.monotonic() + seconds + 1
-    plain.logind.going_to_sleep()
-    # A sleeping machine runs nothing, and its clock goes on.
-    program.send(signal.SIGSTOP)
-    wait_for(lambda: time.monotonic() > due, 13, "the reminder to fall due")
-    with plain.sound.listen() as ear:
-        program.send(signal.SIGCONT)
-        plain.logind.woke_up()
-        program.wait_for_status("Velmora", 2)
-        wait_for(lambda: ear.sounds(), 3, "the chime")
-        watch(lambda: len(ear.sounds()) == 1, 2, "one chime")
 
 
 def test_waking_brings_the_orb_forward(plain):

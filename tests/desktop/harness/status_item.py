@@ -81,6 +81,12 @@ class StatusItem:
             raise AssertionError(f"no row to click named {text!r} in {rows}")
         self._event(row.number, "clicked")
 
+    def choose(self, text: str) -> None:
+        """Opens the menu, chooses the row with that text and closes the menu, as a user does."""
+        self.open_menu()
+        self.click(text)
+        self.close_menu()
+
     def _event(self, row: int, kind: str) -> None:
         self._menu("Event", GLib.Variant("(isvu)", (row, kind, GLib.Variant("i", 0), 0)))
 
