@@ -15,9 +15,14 @@ class Logind:
     """A mocked login manager that sends a machine to sleep and wakes it, in name only."""
 
     def __init__(self, processes: Processes, system_bus: Bus):
+        self._processes = processes
         self._bus = system_bus
         system_bus.wait()
-        self.process = processes.start(
+        self.start()
+
+    def start(self) -> None:
+        """Starts the login manager, anew after its end."""
+        self.process = self._processes.start(
             "logind", ["/usr/bin/python3", "-m", "dbusmock", "--system", "--template", "logind"])
 
     def wait(self) -> None:

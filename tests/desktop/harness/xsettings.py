@@ -33,3 +33,7 @@ class XSettings:
     def enable_animations(self, enabled: bool) -> None:
         """Turns the user's wish for animations on or off."""
         self._store.set("xsettings", "/Gtk/EnableAnimations", "bool", str(enabled).lower())
+
+    def set_resolution(self, dots: int) -> None:
+        """Gives the fonts another resolution, in dots an inch; 96 is a scale of 1."""
+        self._store.set("xsettings", "/Xft/DPI", "int", str(dots))
