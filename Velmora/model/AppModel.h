@@ -195,6 +195,7 @@ private:
     void hoursChanged();
     void pauseChanged();
     void sizeChanged();
+    void tellSize();
     void publishRemaining(double now);
     void savePerMinute();
     void playChime();
@@ -211,6 +212,8 @@ private:
     QTimer m_tick;
     bool m_isApplyingStoredState = false;
     bool m_intervalReset = false;
+    /// The shell is being told of the size, and may assign another.
+    bool m_isTellingSize = false;
     std::optional<std::int64_t> m_lastPersistedMinute;
 
     std::int64_t m_intervalMinutes = 15;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velmora {
 
@@ -27,14 +28,28 @@ void AppModel::sizeChanged()
     double const clamped = clampSize(m_widgetSize, m_hostScreen);
     // Written so that a side that is not a number is replaced too.
     if (!(std::abs(clamped - m_widgetSize) <= sizeTolerance)) {
-        setWidgetSize(clamped);
+        if (m_isTellingSize) {
+            // The shell wants what the host display forbids, and would want it again for ever.
+            assign(m_widgetSize, clamped, Property::widgetSize);
+            persist();
+        } else {
+            setWidgetSize(clamped);
+        }
         return;
     }
     if (m_isApplyingStoredState)
         return;
     persist();
-    if (onWidgetSize)
-        onWidgetSize();
+    tellSize();
+}
+
+void AppModel::tellSize()
+{
+    if (!onWidgetSize)
+        return;
+    bool const before = std::exchange(m_isTellingSize, true);
+    onWidgetSize();
+    m_isTellingSize = before;
 }
 
 Rect AppModel::visibleFrame(std::optional<DisplayId> screen) const
@@ -67,8 +82,7 @@ void AppModel::applySize(double size, std::optional<DisplayId> screen)
         setHostScreen(screen);
     double const clamped = clampSize(size, m_hostScreen);
     if (std::abs(clamped - m_widgetSize) < sizeTolerance) {
-        if (onWidgetSize)
-            onWidgetSize();
+        tellSize();
         return;
     }
     setWidgetSize(clamped);

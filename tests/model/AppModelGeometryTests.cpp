@@ -143,6 +143,24 @@ TEST_F(AppModelGeometry, AnAssignedSizePersistsAndTellsTheShellOnce)
     EXPECT_EQ(desk.saves(), 1U);
 }
 
+TEST_F(AppModelGeometry, AShellThatInsistsOnASizeTheHostForbidsIsTurnedDownOnce)
+{
+    auto& model = desk.launch();
+    int told = 0;
+    // A panel on the laptop, whose smallest size is above the largest that the tiny host allows.
+    model.onWidgetSize = [&] {
+        ++told;
+        if (model.widgetSize() < 72)
+            model.setWidgetSize(72);
+    };
+    model.applySize(200, tiny);
+    EXPECT_EQ(model.widgetSize(), 66);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(desk.defaults.values.at("widgetSize"), DefaultsValue{66.0});
+    model.applySize(66, tiny);
+    EXPECT_EQ(model.widgetSize(), 66);
+}
+
 TEST_F(AppModelGeometry, AnOversizeStoredSizeIsClampedAtLoadWithoutBeingWritten)
 {
     desk.store("widgetSize", 5000.0);
