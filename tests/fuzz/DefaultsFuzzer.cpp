@@ -1,17 +1,6 @@
 #include "Velmora/platform/linux/DefaultsDocument.h"
 
-#include <cstdlib>
-
-namespace {
-
-/// Ends the process, which the fuzzer reports with the input at hand.
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
+#include "tests/fuzz/FuzzInput.h"
 
 /// Any bytes are either refused, or read, written, changed and read again without a loss.
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size)
