@@ -3,6 +3,7 @@
 #include "Velmora/model/AppModel.h"
 #include "Velmora/platform/PlatformServices.h"
 #include "Velmora/platform/Startup.h"
+#include "Velmora/platform/posix/ProgramPath.h"
 #include "Velmora/platform/posix/SpawnedProcess.h"
 #include "Velmora/platform/posix/StandardStreams.h"
 #include "Velmora/platform/toolkit/LocalCalendar.h"
@@ -20,7 +21,6 @@
 
 #include <unistd.h>
 
-#include <system_error>
 #include <utility>
 
 namespace velmora {
@@ -48,13 +48,6 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv)
     return application;
 }
 
-/// Where the program lies, byte for byte, also where the bytes are no text.
-std::filesystem::path programPath()
-{
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error);
-}
-
 } // namespace
 
 int runProgram(int argc, char** argv, Launch launch)
@@ -62,7 +55,8 @@ int runProgram(int argc, char** argv, Launch launch)
     std::unique_ptr<QApplication> application;
     launch.startup.startToolkit([&] { application = makeApplication(argc, argv); });
     UnixSignals const endings;
-    auto const system = PlatformServices::make({.home = launch.home, .program = programPath()});
+    auto const system
+        = PlatformServices::make({.home = launch.home, .program = programPath(*argv)});
 
     SystemClock const clock;
     LocalCalendar const calendar;
