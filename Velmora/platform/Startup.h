@@ -11,7 +11,7 @@ class Peers;
 /// What the program needs of the system before the toolkit starts, and for starting it.
 class Startup {
 public:
-    /// The system's own; `arguments` is the program's command line.
+    /// The system's own; `arguments` is the program's command line, and outlives it.
     [[nodiscard]] static std::unique_ptr<Startup> make(std::span<char const* const> arguments);
 
     virtual ~Startup() = default;

@@ -1,6 +1,7 @@
 #include "Velmora/platform/Startup.h"
 
 #include "Velmora/platform/Peers.h"
+#include "Velmora/platform/linux/DesktopTheme.h"
 #include "Velmora/platform/linux/DisplayServer.h"
 #include "Velmora/platform/linux/session/SessionFocus.h"
 
@@ -33,7 +34,8 @@ private:
 class LinuxStartup final : public Startup {
 public:
     explicit LinuxStartup(std::span<char const* const> arguments)
-        : m_session(displaySession(arguments))
+        : m_arguments(arguments)
+        , m_session(displaySession(arguments))
     {
     }
 
@@ -46,11 +48,13 @@ public:
 
     void startToolkit(std::function<void()> const& start) override
     {
+        leaveGtkAlone(m_arguments);
         BackendWish const wish(preferredBackend(m_session));
         start();
     }
 
 private:
+    std::span<char const* const> m_arguments;
     DisplaySession m_session;
     SessionPeers m_peers;
 };
