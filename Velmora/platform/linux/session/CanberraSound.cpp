@@ -3,16 +3,10 @@
 #include "Velmora/platform/linux/session/SoundWorker.h"
 #include "Velmora/platform/linux/session/WaveFile.h"
 
-#include <array>
-#include <cmath>
-#include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <utility>
 #include <vector>
-
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmora {
 
@@ -31,28 +25,10 @@ std::vector<unsigned char> readFile(fs::path const& file)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// A file in memory that only this process knows; -1 when there is no memory for it.
-int holdInMemory(std::vector<unsigned char> const& bytes)
-{
-    int const descriptor = memfd_create("chime", MFD_CLOEXEC);
-    if (descriptor < 0)
-        return -1;
-    std::size_t held = 0;
-    while (held < bytes.size()) {
-        auto const written = write(descriptor, bytes.data() + held, bytes.size() - held);
-        if (written <= 0) {
-            close(descriptor);
-            return -1;
-        }
-        held += static_cast<std::size_t>(written);
-    }
-    return descriptor;
-}
-
 class CanberraPlayer final : public SoundPlayer {
 public:
-    explicit CanberraPlayer(int descriptor)
-        : m_worker(descriptor)
+    explicit CanberraPlayer(std::vector<unsigned char> wave)
+        : m_worker(std::move(wave))
     {
     }
 
@@ -75,21 +51,8 @@ private:
 
 std::unique_ptr<SoundPlayer> CanberraSound::load(fs::path const& file)
 {
-    auto const bytes = readFile(file);
-    if (!readWave(bytes))
-        return nullptr;
-    int const descriptor = holdInMemory(bytes);
-    return descriptor < 0 ? nullptr : std::make_unique<CanberraPlayer>(descriptor);
-}
-
-std::string decibels(float amplitude)
-{
-    if (!(amplitude > 0))
-        return "-200";
-    std::array<char, 32> text{};
-    std::snprintf(
-        text.data(), text.size(), "%.2f", 20 * std::log10(static_cast<double>(amplitude)));
-    return text.data();
+    auto bytes = readFile(file);
+    return readWave(bytes) ? std::make_unique<CanberraPlayer>(std::move(bytes)) : nullptr;
 }
 
 } // namespace velmora

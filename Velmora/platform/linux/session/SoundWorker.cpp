@@ -1,6 +1,7 @@
 #include "Velmora/platform/linux/session/SoundWorker.h"
 
-#include "Velmora/platform/linux/session/CanberraSound.h"
+#include "Velmora/platform/linux/Descriptor.h"
+#include "Velmora/platform/linux/session/WaveFile.h"
 
 #include <canberra.h>
 
@@ -8,10 +9,12 @@
 #include <condition_variable>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <system_error>
 #include <utility>
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace velmora {
@@ -25,15 +28,12 @@ struct SoundWorker::State {
         Instant::time_point asked;
     };
 
-    explicit State(int soundDescriptor)
-        : descriptor(soundDescriptor)
+    explicit State(std::vector<unsigned char> bytes)
+        : wave(std::move(bytes))
     {
     }
-    State(State const&) = delete;
-    State& operator=(State const&) = delete;
-    ~State() { close(descriptor); }
 
-    int const descriptor;
+    std::vector<unsigned char> const wave;
     std::mutex mutex;
     std::condition_variable wake;
     /// The latest request that the thread has not taken yet.
@@ -74,8 +74,22 @@ Context openContext()
     return context;
 }
 
-/// Starts the sound; `finished` is called with `data` at its end, if it started.
-bool start(ca_context* context, std::uint32_t number, int descriptor, float volume,
+/// A file in memory that only this process knows; none when there is no memory for it.
+Descriptor holdInMemory(std::span<unsigned char const> bytes)
+{
+    Descriptor file(memfd_create("chime", MFD_CLOEXEC));
+    while (file && !bytes.empty()) {
+        auto const written = write(file.number(), bytes.data(), bytes.size());
+        if (written <= 0)
+            return {};
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return file;
+}
+
+/// Starts the sound that the file holds; `finished` is called with `data` at its end, if it
+/// started.
+bool start(ca_context* context, std::uint32_t number, Descriptor const& file,
     ca_finish_callback_t finished, void* data)
 {
     ca_proplist* created = nullptr;
@@ -83,18 +97,17 @@ bool start(ca_context* context, std::uint32_t number, int descriptor, float volu
         return false;
     std::unique_ptr<ca_proplist, Discard> const properties(created);
     // Every opening of this name starts reading at the beginning.
-    auto const file = "/proc/self/fd/" + std::to_string(descriptor);
-    ca_proplist_sets(created, CA_PROP_MEDIA_FILENAME, file.c_str());
+    auto const name = "/proc/self/fd/" + std::to_string(file.number());
+    ca_proplist_sets(created, CA_PROP_MEDIA_FILENAME, name.c_str());
     ca_proplist_sets(created, CA_PROP_MEDIA_NAME, "Chime");
     ca_proplist_sets(created, CA_PROP_MEDIA_ROLE, "event");
-    ca_proplist_sets(created, CA_PROP_CANBERRA_VOLUME, decibels(volume).c_str());
     return ca_context_play_full(context, number, created, finished, data) == CA_SUCCESS;
 }
 
 } // namespace
 
-SoundWorker::SoundWorker(int descriptor)
-    : m_state(std::make_shared<State>(descriptor))
+SoundWorker::SoundWorker(std::vector<unsigned char> wave)
+    : m_state(std::make_shared<State>(std::move(wave)))
 {
     try {
         m_thread = std::thread([state = m_state] { run(state); });
@@ -137,6 +150,7 @@ void SoundWorker::run(std::shared_ptr<State> const& state)
         shared.ended = shared.ended || number == shared.playing;
         shared.wake.notify_all();
     };
+    Descriptor sound;
     Context context;
     std::unique_lock lock(state->mutex);
     while (!state->quit) {
@@ -149,10 +163,11 @@ void SoundWorker::run(std::shared_ptr<State> const& state)
         lock.unlock();
         context.reset();
         if (request && Instant::now() - request->asked < longestDelay) {
-            context = openContext();
-            if (context
-                && !start(context.get(), number, state->descriptor, request->volume, finished,
-                    state.get()))
+            // A server may give a stream the volume that it remembers, whatever is asked for: the
+            // samples themselves are as loud as they are to be.
+            sound = holdInMemory(quieterWave(state->wave, request->volume));
+            context = sound ? openContext() : nullptr;
+            if (context && !start(context.get(), number, sound, finished, state.get()))
                 context.reset();
         }
         lock.lock();

@@ -2,14 +2,15 @@
 
 #include <memory>
 #include <thread>
+#include <vector>
 
 namespace velmora {
 
 /// The thread that talks to the sound server about one sound.
 class SoundWorker {
 public:
-    /// Takes over `descriptor`, an open file that holds the sound.
-    explicit SoundWorker(int descriptor);
+    /// `wave` holds the bytes of a WAV file.
+    explicit SoundWorker(std::vector<unsigned char> wave);
 
     SoundWorker(SoundWorker const&) = delete;
     SoundWorker& operator=(SoundWorker const&) = delete;
@@ -18,7 +19,8 @@ public:
     ~SoundWorker();
 
     /// Asks for the sound from its beginning, in place of what sounds now; returns at once.
-    /// `volume` is linear amplitude, 0 to 1.
+    /// `volume` is linear amplitude, 0 to 1, of the sound itself: the server's own volume for
+    /// sounds of this kind stays what the user made it.
     void play(float volume);
 
 private:

@@ -1,6 +1,7 @@
 #include "Velmora/platform/linux/session/WaveFile.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <string_view>
 
@@ -41,6 +42,27 @@ std::optional<WaveFormat> readFormat(Bytes chunk)
     return playable ? std::optional(format) : std::nullopt;
 }
 
+/// Signed, little-endian samples of 16 bits.
+void scaleWords(std::span<unsigned char> samples, float factor)
+{
+    for (std::size_t i = 0; i + 1 < samples.size(); i += 2) {
+        auto const value = static_cast<std::int16_t>(number(samples, i, 2));
+        auto const scaled
+            = static_cast<std::uint16_t>(std::lround(static_cast<float>(value) * factor));
+        samples[i] = static_cast<unsigned char>(scaled & 0xFFU);
+        samples[i + 1] = static_cast<unsigned char>(scaled >> 8U);
+    }
+}
+
+/// Samples of 8 bits around 128.
+void scaleBytes(std::span<unsigned char> samples, float factor)
+{
+    constexpr int silence = 128;
+    for (auto& sample : samples)
+        sample = static_cast<unsigned char>(
+            silence + std::lround(static_cast<float>(sample - silence) * factor));
+}
+
 } // namespace
 
 std::optional<WaveFormat> readWave(std::span<unsigned char const> file)
@@ -70,6 +92,23 @@ std::optional<WaveFormat> readWave(std::span<unsigned char const> file)
         rest = rest.subspan(std::min(padded, rest.size()));
     }
     return std::nullopt;
+}
+
+std::vector<unsigned char> quieterWave(std::span<unsigned char const> file, float amplitude)
+{
+    std::vector<unsigned char> quieter(file.begin(), file.end());
+    auto const format = readWave(file);
+    if (!format)
+        return quieter;
+    // What is not a number is no loudness either.
+    float const factor = amplitude >= 0 ? std::min(amplitude, 1.0F) : 0.0F;
+    auto const start = static_cast<std::size_t>(format->samples.data() - file.data());
+    auto const samples = std::span(quieter).subspan(start, format->samples.size());
+    if (format->bitsPerSample == 8)
+        scaleBytes(samples, factor);
+    else
+        scaleWords(samples, factor);
+    return quieter;
 }
 
 } // namespace velmora

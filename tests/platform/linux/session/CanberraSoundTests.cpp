@@ -77,15 +77,6 @@ TEST(CanberraSound, LoadsAWavFileAndNothingElse)
     EXPECT_FALSE(sound.load(folder.path() / "empty.wav"));
 }
 
-TEST(CanberraSound, VolumesAreAmplitudesInDecibels)
-{
-    EXPECT_EQ(decibels(1), "0.00");
-    EXPECT_EQ(decibels(0.55F), "-5.19");
-    EXPECT_EQ(decibels(0.1F), "-20.00");
-    EXPECT_EQ(decibels(0), "-200");
-    EXPECT_EQ(decibels(-1), "-200");
-}
-
 TEST(CanberraSound, WithoutAServerEveryCallReturnsAtOnceAndNothingIsSaid)
 {
     TemporaryFolder const folder;

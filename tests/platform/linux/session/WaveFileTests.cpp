@@ -160,5 +160,54 @@ TEST_F(Chime, IsStruckAtOnceAndFades)
     EXPECT_GT(peak(1.0, 1.2), 0.01);
 }
 
+std::vector<int> words(Bytes const& bytes)
+{
+    std::vector<int> samples;
+    auto const wave = readWave(bytes);
+    for (std::size_t i = 0; i + 1 < wave->samples.size(); i += 2)
+        samples.push_back(
+            static_cast<std::int16_t>(wave->samples[i] | (wave->samples[i + 1] << 8U)));
+    return samples;
+}
+
+TEST(WaveFile, AQuieterSoundHasEverySampleScaledAndAllElseAsItWas)
+{
+    std::string samples;
+    for (int const sample : {0, 1000, -1000, 32767, -32768, 3})
+        samples += little(static_cast<std::uint16_t>(sample), 2);
+    auto const bytes = file(chunk("LIST", "odd") + format(1, 2, 48000, 16) + chunk("data", samples)
+        + chunk("end ", "x"));
+
+    EXPECT_EQ(words(quieterWave(bytes, 0.5F)), (std::vector{0, 500, -500, 16384, -16384, 2}));
+    EXPECT_EQ(words(quieterWave(bytes, 0)), std::vector<int>(6));
+    EXPECT_EQ(quieterWave(bytes, 1), bytes);
+
+    auto const quieter = quieterWave(bytes, 0.1F);
+    auto const start = static_cast<std::ptrdiff_t>(readWave(bytes)->samples.data() - bytes.data());
+    auto const end = start + static_cast<std::ptrdiff_t>(samples.size());
+    ASSERT_EQ(quieter.size(), bytes.size());
+    EXPECT_TRUE(std::equal(bytes.begin(), bytes.begin() + start, quieter.begin()));
+    EXPECT_TRUE(std::equal(bytes.begin() + end, bytes.end(), quieter.begin() + end));
+}
+
+TEST(WaveFile, AQuieterSoundOfEightBitsComesNearerToItsMiddle)
+{
+    auto const bytes
+        = file(format(1, 1, 8000, 8) + chunk("data", {'\x80', '\xFF', '\x00', '\x60'}));
+    auto const wave = quieterWave(bytes, 0.5F);
+    auto const samples = readWave(wave)->samples;
+    EXPECT_EQ(Bytes(samples.begin(), samples.end()), (Bytes{128, 192, 64, 112}));
+}
+
+TEST(WaveFile, OnlyLoudnessesFromNoneToAllAreTaken)
+{
+    auto const bytes = file(format(1, 1, 8000, 16) + chunk("data", little(30000, 2)));
+    EXPECT_EQ(words(quieterWave(bytes, 7)), std::vector{30000});
+    EXPECT_EQ(words(quieterWave(bytes, -1)), std::vector{0});
+    EXPECT_EQ(words(quieterWave(bytes, std::nanf(""))), std::vector{0});
+    Bytes const noSound = {1, 2, 3};
+    EXPECT_EQ(quieterWave(noSound, 0.5F), noSound);
+}
+
 } // namespace
 } // namespace velmora
