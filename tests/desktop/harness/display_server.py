@@ -1,6 +1,7 @@
 """The X server: Xorg on its dummy driver, or Xvfb where that is missing."""
 
 import os
+import random
 import re
 import shutil
 import subprocess
@@ -76,19 +77,26 @@ class DisplayServer:
         self._heads = heads
         self._modes: set[tuple[str, str]] = set()
         self.touchpad_socket: Path | None = None
-        read, write = os.pipe()
         dummy = _DUMMY_DRIVER.exists() and shutil.which("Xorg")
         command = self._dummy(heads[0]) if dummy else self._framebuffer(heads[0])
         self.pluggable = bool(dummy)
-        self.process = processes.start(
-            "display", [*command, "-displayfd", str(write), "-noreset", "-nolisten", "tcp"],
+        # A number of its own: where a server takes the lowest free one, as it does when it may choose, the
+        # one that had it just before may still be ending, and removes the new one's socket.
+        for number in random.sample(range(100, 50_000), 5):
+            if self._starts(command, number):
+                self.name = f":{number}"
+                return
+        raise RuntimeError(f"no X server: {processes.log('display').read_text()[-2000:]}")
+
+    def _starts(self, command: list[str], number: int) -> bool:
+        """Starts the server and waits for it; false when it ends, as it does where the number is taken."""
+        read, write = os.pipe()
+        self.process = self._processes.start(
+            "display", [*command, f":{number}", "-displayfd", str(write), "-noreset", "-nolisten", "tcp"],
             pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as answer:
-            number = answer.readline().strip()
-        if not number:
-            raise RuntimeError(f"no X server: {processes.log('display').read_text()[-2000:]}")
-        self.name = f":{number}"
+            return answer.readline().strip() == str(number)
 
     def wait(self) -> None:
         """Returns when every display of the desktop is plugged in."""
