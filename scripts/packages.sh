@@ -23,6 +23,8 @@ packages_test=(
     libgnustep-base-dev libobjc-12-dev
     valgrind xvfb locales tzdata appstream desktop-file-utils wmctrl
 )
+# To run the long matrix of desktop tests.
+packages_matrix=(pipewire pipewire-pulse wireplumber)
 # To check the sources.
 packages_lint=(clang clang-format clang-tidy clazy cppcheck shellcheck)
 

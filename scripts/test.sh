@@ -9,10 +9,10 @@ source scripts/stages.sh
 # shellcheck source=scripts/packages.sh
 source scripts/packages.sh
 
-selection="not long"
+selection="not long" matrix=()
 for argument in "$@"; do
     case "$argument" in
-        --all) selection="long or not long" ;;
+        --all) selection="long or not long" matrix=("${packages_matrix[@]}") ;;
         *) fail "usage: scripts/test.sh [--all]" ;;
     esac
 done
@@ -24,7 +24,7 @@ desktop_tests() {
 }
 
 install_packages "${packages_build[@]}" "${packages_run[@]}" "${packages_test[@]}" \
-    "${packages_desktop[@]}" "${packages_lint[@]}"
+    "${packages_desktop[@]}" "${packages_lint[@]}" "${matrix[@]}"
 stage "Checking how the sources are formatted" format scripts/check-format.sh
 stage "Building and testing the rooms without Qt" engine cmake --workflow --preset engine
 stage "Building and testing everything" dev cmake --workflow --preset dev

@@ -19,7 +19,7 @@ from .processes import Processes
 from .program import Program
 from .screenshots import save
 from .settings import Settings
-from .sound import SoundServer
+from .sound import PipeWire, SoundServer
 from .touchpad import Touchpad
 from .tray import Tray
 from .window_manager import WindowManager
@@ -37,7 +37,7 @@ class Desktop:
     - `scale`: 1 or 2, told to programs the way a session does.
     - `heads`: the displays, in device pixels; the first is the primary one.
     - `tray`: "panel" (StatusNotifierItem), "xembed" (a tray without it), "none".
-    - `sound`: "pulse" or "none".
+    - `sound`: "pulse" (PulseAudio), "pipewire" (PipeWire in its place), "none".
     - `session_bus`, `logind`, `accessibility`, `xsettings`: whether programs find them. Without a
       session bus there is no accessibility either; the desktop's own parts keep a bus to themselves.
     - `display`: without one, programs find no server to draw on.
@@ -190,8 +190,9 @@ class Desktop:
             self.for_programs["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/run/no-bus"
         if wanted["logind"]:
             self.system_bus = Bus(self.processes, "system")
-        if wanted["sound"] == "pulse":
-            self.sound = SoundServer(self.processes)
+        if wanted["sound"] != "none":
+            server = {"pulse": SoundServer, "pipewire": PipeWire}[wanted["sound"]]
+            self.sound = server(self.processes)
             waits.append(("sound", self.sound.wait))
         if wanted["logind"]:
             self.logind = Logind(self.processes, self.system_bus)

@@ -1,6 +1,7 @@
 """A sound server without a sound card, and an ear on its output."""
 
 import math
+import shutil
 import signal
 import subprocess
 import threading
@@ -15,6 +16,8 @@ from .waiting import COMING_UP, listens, wait_for
 
 RATE = 48000
 _SILENCE = -120.0
+# The sink's own, of which the left one is heard: servers differ in how they make one channel of two.
+_CHANNELS = 2
 
 
 class SoundServer:
@@ -58,6 +61,58 @@ class SoundServer:
         return SoundProbe(self._processes)
 
 
+class PipeWire(SoundServer):
+    """PipeWire in the place of PulseAudio, whose language it speaks, with one sink of the same kind."""
+
+    _PARTS = ("pipewire", "wireplumber", "pipewire-pulse")
+
+    @staticmethod
+    def installed() -> bool:
+        """Whether this machine has it."""
+        return all(shutil.which(part) for part in PipeWire._PARTS)
+
+    def start(self) -> None:
+        """Starts the server, anew after a `stop`."""
+        self._keep_from_hardware()
+        runtime = {"PIPEWIRE_RUNTIME_DIR": str(self._socket.parents[1])}
+        self._parts = [self._processes.start(part, [part], environment=runtime) for part in self._PARTS]
+        self.process = self._parts[-1]
+        self._has_sink = False
+
+    def wait(self) -> None:
+        """Returns when the server takes connections and plays into its own sink."""
+        super().wait()
+        if not self._has_sink:
+            self._processes.run(["pactl", "load-module", "module-null-sink", "sink_name=null", f"rate={RATE}"])
+            self._has_sink = True
+        self._processes.run(["pactl", "set-default-sink", "null"])
+        wait_for(lambda: self._processes.run(["pactl", "get-default-sink"]).strip() == "null", COMING_UP,
+                 "the sink to be the default one")
+
+    def stop(self) -> None:
+        """Ends the server; programs lose their connection."""
+        for part in reversed(self._parts):
+            self._processes.end(part)
+        self._socket.unlink(missing_ok=True)
+
+    def hang(self) -> None:
+        """The server stops answering, and keeps its socket open."""
+        for part in self._parts:
+            part.send_signal(signal.SIGSTOP)
+
+    def resume(self) -> None:
+        """Ends a `hang`."""
+        for part in self._parts:
+            part.send_signal(signal.SIGCONT)
+
+    def _keep_from_hardware(self) -> None:
+        # The machine's own sound cards and cameras are none of a test's business.
+        folder = Path(self._processes.environment["XDG_CONFIG_HOME"]) / "wireplumber/main.lua.d"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "60-no-hardware.lua").write_text("".join(
+            f"{kind}_monitor.enabled = false\n" for kind in ("alsa", "v4l2", "libcamera")))
+
+
 @dataclass(frozen=True)
 class Moment:
     """Ten milliseconds of sound: when it was heard (monotonic), and how loud (dBFS)."""
@@ -76,7 +131,7 @@ class SoundProbe:
         self._lock = threading.Lock()
         self._recorder = processes.start(
             "recorder", ["parec", "-d", "null.monitor", "--latency-msec=20", "--format=s16le",
-                         f"--rate={RATE}", "--channels=1", "--raw"], stdout=subprocess.PIPE)
+                         f"--rate={RATE}", f"--channels={_CHANNELS}", "--raw"], stdout=subprocess.PIPE)
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
         # Before the first samples arrive, a sound could be missed.
@@ -132,12 +187,14 @@ class SoundProbe:
 
     def _read(self) -> None:
         left_over = b""
-        while block := self._recorder.stdout.read1(RATE // 50 * 2):
+        frame = 2 * _CHANNELS
+        while block := self._recorder.stdout.read1(RATE // 50 * frame):
             block = left_over + block
-            whole = len(block) // 2 * 2
+            whole = len(block) // frame * frame
             left_over = block[whole:]
+            samples = numpy.frombuffer(block[:whole], "<i2").reshape(-1, _CHANNELS)
             with self._lock:
-                self._samples.append((time.monotonic(), numpy.frombuffer(block[:whole], "<i2")))
+                self._samples.append((time.monotonic(), samples[:, 0]))
 
 
 def _decibels(level: float) -> float:
