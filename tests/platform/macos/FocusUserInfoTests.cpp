@@ -22,8 +22,8 @@ TEST(FocusUserInfo, WhatIsMissingOrNoBooleanCountsAsFalse)
 
 TEST(FocusUserInfo, ANumberIsNoBooleanWhateverItsValue)
 {
-    EXPECT_EQ(focusRequest(FocusUserInfo{.settings = std::int64_t{1}, .preview = 1.0}),
-        FocusRequest{});
+    EXPECT_EQ(
+        focusRequest(FocusUserInfo{.settings = std::int64_t{1}, .preview = 1.0}), FocusRequest{});
 }
 
 } // namespace
