@@ -112,17 +112,16 @@ void WidgetPanel::wheelEvent(QWheelEvent* event)
 void WidgetPanel::exposeEvent(QExposeEvent* /*event*/)
 {
     m_presenter.invalidate();
-    drawFrame();
+    bool const stood = !m_frameClock.running();
+    m_frameClock.set(FrameClock::Unseen::hidden, !isExposed());
+    // A clock that starts gives a frame by itself.
+    if (!stood || !m_frameClock.running())
+        drawFrame();
 }
 
 void WidgetPanel::resizeEvent(QResizeEvent* /*event*/)
 {
     fitContent();
-}
-
-void WidgetPanel::showEvent(QShowEvent* /*event*/)
-{
-    m_frameClock.set(FrameClock::Unseen::hidden, false);
 }
 
 void WidgetPanel::hideEvent(QHideEvent* /*event*/)

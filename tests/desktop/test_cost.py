@@ -94,14 +94,24 @@ def test_a_breath_costs_one_request_a_frame_no_answer_no_memory_and_no_save(desk
     program.stop()
 
 
-def test_a_locked_session_costs_next_to_nothing(desktop):
+def _lock(desktop: Desktop, _orb: int) -> None:
+    desktop.session_bus.emit("/ScreenSaver", "org.freedesktop.ScreenSaver", "ActiveChanged",
+                             GLib.Variant("(b)", (True,)))
+
+
+def _hide(desktop: Desktop, orb: int) -> None:
+    desktop.x11.display.create_resource_object("window", orb).unmap()
+    desktop.x11.display.sync()
+
+
+@pytest.mark.parametrize("unseen", [_lock, _hide], ids=["locked", "hidden"])
+def test_an_orb_that_nobody_can_see_costs_next_to_nothing(desktop, unseen):
     program = Program(desktop)
     orb = program.wait_for_orb()
     program.wait_for_status("Next in", 15)
     with Traffic(desktop.display_server.name, orb.id) as traffic:
         wait_for(lambda: _frames(desktop, traffic) >= 30, 30, "frames")
-        desktop.session_bus.emit("/ScreenSaver", "org.freedesktop.ScreenSaver", "ActiveChanged",
-                                 GLib.Variant("(b)", (True,)))
+        unseen(desktop, orb.id)
         wait_for(_still(lambda: _frames(desktop, traffic)), 30, "the last frame", every=0.5)
         frames, cost = _frames(desktop, traffic), program.cost()
         time.sleep(_SECONDS / 2)
