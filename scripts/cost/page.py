@@ -1,0 +1,62 @@
+"""The page that says what was measured."""
+
+import os
+import platform
+import subprocess
+import time
+from pathlib import Path
+
+from windows import SECONDS, WINDOWS, Used
+
+_BEGIN, _END = "<!-- measured: begin -->", "<!-- measured: end -->"
+
+
+class Page:
+    """Collects tables, prints each as it comes, and puts them into a document between two marks."""
+
+    def __init__(self):
+        self._parts: list[str] = []
+        self._load = os.getloadavg()[0]
+
+    def add(self, *lines: str) -> None:
+        """Adds a paragraph or a table."""
+        text = "\n".join(lines)
+        print(text, end="\n\n", flush=True)
+        self._parts.append(text)
+
+    def write(self, path: Path) -> None:
+        """Replaces what stands between the marks; the rest is written by hand and stays."""
+        text = path.read_text()
+        before, _, rest = text.partition(_BEGIN)
+        _, _, after = rest.partition(_END)
+        path.write_text("\n\n".join([before + _BEGIN, self._circumstances(), *self._parts, _END + after]))
+
+    def _circumstances(self) -> str:
+        commit = subprocess.run(["git", "describe", "--always", "--dirty"], capture_output=True, text=True,
+                                check=False).stdout.strip() or "no repository"
+        return (f"Measured on {time.strftime('%Y-%m-%d at %H:%M UTC', time.gmtime())} at {commit}: "
+                f"{os.cpu_count()} virtual processors ({_processor()}), Linux {platform.release()}, load "
+                f"{self._load:.1f} before and {os.getloadavg()[0]:.1f} after. Medians of {WINDOWS} windows of "
+                f"{SECONDS:g} s.")
+
+
+def row(*cells: str) -> str:
+    """A row of a table."""
+    return "| " + " | ".join(cells) + " |"
+
+
+def heading(*cells: str) -> list[str]:
+    """A table's first two lines; all columns but the first are of numbers."""
+    return [row(*cells), "|---|" + "---:|" * (len(cells) - 1)]
+
+
+def used_cells(used: Used) -> list[str]:
+    """What a process used and caused, as cells."""
+    return [f"{used.processor:.1f}", f"{used.switches:.1f}", f"{used.server:.1f}", f"{used.manager:.1f}"]
+
+
+def _processor() -> str:
+    for line in Path("/proc/cpuinfo").read_text().splitlines():
+        if line.startswith("model name"):
+            return line.partition(":")[2].strip()
+    return platform.machine()
