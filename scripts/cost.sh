@@ -1,5 +1,6 @@
 #!/bin/bash
-# Measures what Velmora costs and writes docs/cost.md: ./scripts/cost.sh [--peers]
+# Measures what Velmora costs and writes it to docs/cost.md, and in short to README.md:
+#     ./scripts/cost.sh [--peers]
 #
 # Takes about ten minutes on virtual desktops of its own; do nothing else with the machine meanwhile.
 # With --peers the other break reminders that Debian has are installed and measured beside it;
@@ -29,4 +30,4 @@ stage "Building Velmora" release cmake --workflow --preset release
 stage "Building a bare window to compare it with" bare-window build_bare_window
 say "▸ Measuring …"
 PYTHONPATH=tests/desktop exec /usr/bin/python3 -B scripts/cost/measure.py \
-    build/release/velmora build/bare_window/bare_window docs/cost.md
+    build/release/velmora build/bare_window/bare_window docs/cost.md README.md

@@ -1,4 +1,7 @@
-"""Measures the program in every state and writes the page: measure.py PROGRAM BARE_WINDOW PAGE."""
+"""Measures the program in every state: measure.py PROGRAM BARE_WINDOW PAGE SUMMARY.
+
+The page gets every table, the summary, which is another document, the few figures of most interest.
+"""
 
 import sys
 import time
@@ -9,7 +12,7 @@ from harness.display_server import Head
 
 from first_frame import first_frame
 from goals import goals
-from page import Page, heading, row, used_cells
+from page import Page, between_marks, heading, row, used_cells
 from peers import measure_peers
 from states import Subject
 from windows import Meter, Used
@@ -65,8 +68,20 @@ def _peers(page: Page, desktop: Desktop, meter: Meter, own: Used) -> None:
     page.add(*lines)
 
 
+def _summary(tables: dict[tuple[int, str], Table], first: float) -> str:
+    """The figures at the first size without compositing, each for one scale or both."""
+    lines = heading("", "processor at scale 1", "at scale 2", "voluntary switches")
+    for state in ("at rest", "in a reminder", "reduced motion", "session locked"):
+        low, high = (tables[scale, "xfwm4-plain"][state, _USUAL_SIZE] for scale in (1, 2))
+        lines.append(row(state, f"{low.processor / 10:.2f} % of a core", f"{high.processor / 10:.2f} %",
+                         f"{low.switches:.0f} a second"))
+    rest = tables[1, "xfwm4-plain"]["at rest", _USUAL_SIZE]
+    after = f"{rest.resident:.0f} MiB resident, {rest.private_dirty:.1f} MiB of its own; {first:.0f} ms to the first frame."
+    return "\n".join([*lines, "", after])
+
+
 def _main() -> None:
-    program, bare, document = (Path(argument).resolve() for argument in sys.argv[1:4])
+    program, bare, document, short = (Path(argument).resolve() for argument in sys.argv[1:5])
     page, tables = Page(), {}
     for scale in (1, 2):
         for manager, words in _MANAGERS.items():
@@ -84,7 +99,8 @@ def _main() -> None:
     page.add(f"From start to first frame, warm: {starts[0]:.0f} ms; the bare window {starts[1]:.0f} ms.")
     page.add(*goals(tables, starts[0]))
     page.write(document)
-    print(f"Written to {document}")
+    between_marks(short, _summary(tables, starts[0]))
+    print(f"Written to {document} and, in short, to {short}")
 
 
 if __name__ == "__main__":

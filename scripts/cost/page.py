@@ -12,7 +12,7 @@ _BEGIN, _END = "<!-- measured: begin -->", "<!-- measured: end -->"
 
 
 class Page:
-    """Collects tables, prints each as it comes, and puts them into a document between two marks."""
+    """Collects tables and prints each as it comes, for a document."""
 
     def __init__(self):
         self._parts: list[str] = []
@@ -25,11 +25,8 @@ class Page:
         self._parts.append(text)
 
     def write(self, path: Path) -> None:
-        """Replaces what stands between the marks; the rest is written by hand and stays."""
-        text = path.read_text()
-        before, _, rest = text.partition(_BEGIN)
-        _, _, after = rest.partition(_END)
-        path.write_text("\n\n".join([before + _BEGIN, self._circumstances(), *self._parts, _END + after]))
+        """Puts everything between the document's marks."""
+        between_marks(path, self._circumstances(), *self._parts)
 
     def _circumstances(self) -> str:
         commit = subprocess.run(["git", "describe", "--always", "--dirty"], capture_output=True, text=True,
@@ -38,6 +35,15 @@ class Page:
                 f"{os.cpu_count()} virtual processors ({_processor()}), Linux {platform.release()}, load "
                 f"{self._load:.1f} before and {os.getloadavg()[0]:.1f} after. Medians of {WINDOWS} windows of "
                 f"{SECONDS:g} s.")
+
+
+def between_marks(path: Path, *parts: str) -> None:
+    """Replaces what stands between a document's marks; the rest is written by hand and stays."""
+    before, found, rest = path.read_text().partition(_BEGIN)
+    _, ended, after = rest.partition(_END)
+    if not found or not ended:
+        raise SystemExit(f"{path} has no marks to write between")
+    path.write_text("\n\n".join([before + _BEGIN, *parts, _END + after]))
 
 
 def row(*cells: str) -> str:

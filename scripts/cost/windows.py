@@ -7,7 +7,7 @@ from pathlib import Path
 
 from harness.cost import Cost
 
-WINDOWS, SECONDS = 3, 2.5
+WINDOWS, SECONDS = 3, 2.0
 
 
 @dataclass(frozen=True)
