@@ -12,7 +12,7 @@ packages_run=(libqt6gui6 libqt6dbus6 libcanberra-pulse fonts-dejavu-core)
 # To bring up a private desktop and look at it.
 packages_desktop=(
     xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils xkb-data xinput
-    xfwm4 xfce4-panel xfce4-session xfce4-settings xfconf adwaita-icon-theme trayer openbox
+    xfwm4 xfce4-panel xfce4-session xfconf adwaita-icon-theme trayer openbox
     dbus at-spi2-core pulseaudio pulseaudio-utils
     python3 python3-gi gir1.2-gtk-3.0 python3-xlib python3-numpy python3-pil
     python3-dbusmock python3-pyatspi

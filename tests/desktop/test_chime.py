@@ -13,6 +13,7 @@ from harness import Desktop, program_path, wait_for, watch
 MISSING = "Velmora: chime.wav is missing from the app.\n"
 # Seconds that an answer may take on a busy machine, and far fewer than a sound server's time-outs.
 PROMPT = 5.0
+CHIME_SECONDS = 1.8
 CHIME = Path(__file__).resolve().parents[2] / "resources" / "chime.wav"
 
 
@@ -72,16 +73,29 @@ def test_sound_switched_off_is_silence(plain):
 def test_a_second_chime_restarts_the_first(plain):
     program = plain.run()
     program.item
-    with plain.sound.listen() as ear:
+    # A busy machine may be late with the second stroke, but one that waits for the first is never early.
+    after = [second_stroke(plain, program)]
+    while after[-1] > CHIME_SECONDS - 0.1 and len(after) < 4:
+        after.append(second_stroke(plain, program))
+    assert after[-1] < CHIME_SECONDS - 0.1, after
+
+
+def second_stroke(desktop, program) -> float:
+    """Strikes twice, the second time while the first fades, and answers how long after the first it came."""
+    with desktop.sound.listen() as ear:
         program.item.click("Velmora Now")
-        wait_for(lambda: ear.sounds() and len(ear.sounds()[0]) > 80, 3, "most of a second of the chime")
-        first, struck = ear.peak(), time.monotonic()
-        assert ear.peak(since=struck - 0.2) < first - 3, "the first stroke fades"
+        wait_for(lambda: ear.sounds() and len(ear.sounds()[0]) > 35, 3, "a third of a second of the chime")
+        struck, first, start = time.monotonic(), ear.peak(), ear.sounds()[0][0].when
+        assert ear.peak(since=struck - 0.05) < first - 3, "the first stroke fades"
         program.item.click("Velmora Now")
-        # Struck again before it had faded, and as loud as at first.
-        wait_for(lambda: ear.peak(since=struck) == pytest.approx(first, abs=1.0), 5, "the second stroke")
-        wait_for(lambda: faded(ear), 5, "the end of it")
-        assert len(ear.sounds()) == 1
+
+        def strokes() -> list[float]:
+            return [moment.when for moment in ear.moments(start + 0.25) if moment.peak > first - 1]
+
+        wait_for(strokes, 5, "a second stroke, as loud as the first")
+        wait_for(lambda: faded(ear), 5, "the chime to fade")
+        assert ear.peak() == pytest.approx(first, abs=1.0), "one stroke at a time"
+        return strokes()[0] - start
 
 
 def test_a_missing_chime_is_said_once_and_one_put_back_is_played(plain, own_copy):

@@ -2,6 +2,7 @@
 
 import math
 import os
+import shutil
 import struct
 import subprocess
 import sys
@@ -13,11 +14,13 @@ import pytest
 from gi.repository import GLib
 
 from harness import Desktop, Head, NotInTime, Rectangle, in_time, wait_for, watch
+from harness import display_server
 from harness.bus import connect
 from harness.processes import ProcessId
 from harness.screenshots import palette_worn, share_wearing
 from harness.tray import WATCHER, WATCHER_PATH
 from harness.waiting import PATIENCE
+from orb_hand import OrbHand
 
 
 @pytest.fixture(scope="module")
@@ -36,6 +39,19 @@ def test_it_is_up_in_under_three_seconds():
         with Desktop():
             took.append(time.monotonic() - start)
     assert min(took) < 3.0, took
+
+
+@pytest.mark.skipif(not shutil.which("Xvfb"), reason="Xvfb is not installed")
+def test_without_the_dummy_driver_a_desktop_comes_up_all_the_same(monkeypatch: pytest.MonkeyPatch):
+    monkeypatch.setattr(display_server, "_DUMMY_DRIVER", Path("/nowhere"))
+    with Desktop() as desktop:
+        assert not desktop.display_server.pluggable and not desktop.has_touchpad
+        assert "Xvfb" in Path(f"/proc/{desktop.display_server.process.pid}/cmdline").read_text()
+        program = desktop.run("--preview")
+        program.wait_for_status("Velmora", 10)
+        desktop.pointer.click(*OrbHand(desktop, program).at(0, -20))
+        program.wait_for_status("Next in 15m", 5)
+        assert program.stop() == 0
 
 
 def test_everything_that_was_started_is_ended_and_nothing_else():

@@ -2,7 +2,6 @@
 
 import signal
 import subprocess
-import time
 from pathlib import Path
 
 import pytest
@@ -10,6 +9,7 @@ import pytest
 from harness import Desktop, Head, in_time, wait_for, watch
 from harness.processes import ProcessId
 from harness.status_item import find
+from saves import run_past_a_save, saved_again
 
 # Seconds that the login manager waits for programs before the machine sleeps.
 PROMPT = 5.0
@@ -79,17 +79,10 @@ def test_quit_in_the_menu_saves(plain):
 
 
 def test_a_display_server_that_goes_away_costs_nothing(plain):
-    plain.settings.write(intervalMinutes=15, heldRemaining=590.0)
-    program = plain.run()
-    for row, paused in (("Pause Reminders", True), ("Resume Reminders", False)):
-        program.item.choose(row)
-        wait_for(lambda paused=paused: plain.settings.read().get("paused") is paused, 3, f"{row} on the disk")
-    # From here on the countdown is stored only when its minute changes, which is not soon.
-    held, resumed = plain.settings.read()["heldRemaining"], time.monotonic()
-    wait_for(lambda: time.monotonic() > resumed + 2, 3, "two seconds to pass")
+    program, held = run_past_a_save(plain)
     plain.display_server.process.kill()
     assert program.wait() == 0
-    assert plain.settings.read()["heldRemaining"] < held - 1.5
+    assert saved_again(plain, held)
     assert program.errors == ""
 
 
@@ -134,12 +127,10 @@ def test_the_machine_waits_for_the_save_and_no_longer(plain):
     wait_for(lambda: not held_back(plain), 1, "the machine free after the end")
 
 
-def test_going_to_sleep_saves_at_once_and_waking_ticks_at_once(plain):
-    plain.settings.write(intervalMinutes=15, heldRemaining=600.0)
-    program = plain.run()
-    program.wait_for_status("Next in 10m", 5)
+def test_going_to_sleep_saves_at_once_and_waking_goes_on(plain):
+    program, held = run_past_a_save(plain)
     plain.logind.going_to_sleep()
-    in_time(lambda: plain.settings.read().get("heldRemaining", 600.0) < 600.0, PROMPT, "the save")
+    in_time(lambda: saved_again(plain, held), PROMPT, "the save")
     plain.logind.woke_up()
     watch(lambda: program.running and program.status_line.startswith("Next in 10m"), 1,
           "the countdown going on")

@@ -5,6 +5,7 @@ import pytest
 from harness import Desktop, Head, Rectangle, wait_for, watch
 from harness.screenshots import palette_worn
 from orb_hand import OrbHand
+from saves import run_past_a_save, saved_again
 from settings_form import SettingsForm
 
 
@@ -50,19 +51,16 @@ def inhibitors(desktop: Desktop) -> list[str]:
 
 
 def test_a_login_manager_that_comes_back_is_asked_again_and_heard_again():
-    with Desktop(sound="none", tray="none") as desktop:
-        desktop.settings.write(intervalMinutes=15, heldRemaining=600.0)
-        program = desktop.run()
-        program.wait_for_orb()
+    with Desktop(sound="none") as desktop:
+        program, held = run_past_a_save(desktop)
         wait_for(lambda: "Velmora" in inhibitors(desktop), 3, "the machine held back")
         desktop.processes.end(desktop.logind.process)
         wait_for(lambda: not desktop.system_bus.owner("org.freedesktop.login1"), 3, "no login manager")
         desktop.logind.start()
         desktop.logind.wait()
         wait_for(lambda: "Velmora" in inhibitors(desktop), 3, "the machine held back again")
-        desktop.settings.path.unlink(missing_ok=True)
         desktop.logind.going_to_sleep()
-        wait_for(desktop.settings.path.exists, 3, "the save before the sleep")
+        wait_for(lambda: saved_again(desktop, held), 3, "the save before the sleep")
         assert program.stop() == 0 and program.errors == ""
 
 
@@ -89,26 +87,6 @@ def test_a_display_that_grows_leaves_the_orb_reachable_and_the_settings_beside_i
         form = SettingsForm.open(desktop, program)
         frame = form.at_rest()
         assert frame.x >= 0 and frame.x + frame.width <= 1920 and frame.y + frame.height <= 1080
-        orb.remind()
-        desktop.pointer.click(*orb.at(0, -20))
-        wait_for(lambda: not orb.reminding(), 3, "the reminder's end")
-
-
-def test_when_the_main_display_goes_the_orb_comes_to_the_one_that_is_left():
-    with Desktop(heads=[Head(1280, 800), Head(1024, 768, x=1280)], sound="none", tray="none") as desktop:
-        orb = OrbHand(desktop, desktop.run())
-        before = orb.place
-        desktop.display_server.make_primary(1)
-        watch(lambda: orb.place == before, 1, "the orb where it was")
-        desktop.display_server.unplug(0)
-
-        def in_its_corner() -> bool:
-            # The desktop's settings daemon may move the display that is left to the corner.
-            (left,) = desktop.display_server.plugged().values()
-            return orb.place == Rectangle(left.x + left.width - 128 - 28, left.y + left.height - 128 - 36,
-                                          128, 128)
-
-        wait_for(in_its_corner, 5, "the orb in the corner of the display that is left")
         orb.remind()
         desktop.pointer.click(*orb.at(0, -20))
         wait_for(lambda: not orb.reminding(), 3, "the reminder's end")

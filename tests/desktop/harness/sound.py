@@ -37,7 +37,9 @@ class SoundServer:
             "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
             "--realtime=no", "--high-priority=no", "--use-pid-file=no",
             "-L", f"module-native-protocol-unix auth-anonymous=1 socket={self._socket}",
-            "-L", f"module-null-sink sink_name=null norewinds=1 rate={RATE}"])
+            "-L", f"module-null-sink sink_name=null norewinds=1 rate={RATE}",
+            # As on a user's desktop, where a server remembers the volume of a kind of sound.
+            "-L", "module-stream-restore"])
 
     def wait(self) -> None:
         """Returns when the server takes connections."""
