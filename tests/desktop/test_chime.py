@@ -212,7 +212,8 @@ def test_a_sound_goes_where_the_default_sink_is_now(plain):
 def test_a_comma_as_decimal_point_changes_no_volume(plain):
     locales = plain.folder / "locales"
     locales.mkdir()
-    plain.processes.run(["localedef", "-i", "de_DE", "-f", "UTF-8", f"{locales}/de_DE.UTF-8"])
+    # Seconds of work, and a busy machine's many.
+    plain.processes.run(["localedef", "-i", "de_DE", "-f", "UTF-8", f"{locales}/de_DE.UTF-8"], bound=180)
     german = {"LOCPATH": str(locales), "LC_ALL": "de_DE.UTF-8"}
     number = subprocess.run(["locale", "decimal_point"], env={**plain.environment, **german},
                             capture_output=True, text=True, check=True).stdout

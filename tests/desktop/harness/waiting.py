@@ -16,7 +16,7 @@ COMING_UP = 30.0
 
 # Seconds that anything else may take there. A test that asks whether something comes is not to fail
 # because it came late; where the time itself is promised, `in_time` holds it to its bound.
-PATIENCE = 20.0
+PATIENCE = 30.0
 
 
 class NotInTime(AssertionError):
