@@ -46,12 +46,14 @@ bool usesGtk(std::string_view desktops)
     return false;
 }
 
-void leaveGtkAlone(std::span<char const* const> arguments)
+bool leaveGtkAlone(std::span<char const* const> arguments)
 {
     auto const desktops = qgetenv("XDG_CURRENT_DESKTOP");
-    if (usesGtk({desktops.constData(), static_cast<std::size_t>(desktops.size())})
-        && !themeChosen(arguments))
+    bool const leaves = usesGtk({desktops.constData(), static_cast<std::size_t>(desktops.size())})
+        && !themeChosen(arguments);
+    if (leaves)
         QGuiApplication::setDesktopSettingsAware(false);
+    return leaves;
 }
 
 } // namespace velmora

@@ -3,7 +3,12 @@
 #include "Velmora/platform/Peers.h"
 #include "Velmora/platform/linux/DesktopTheme.h"
 #include "Velmora/platform/linux/DisplayServer.h"
+#include "Velmora/platform/linux/session/DesktopFont.h"
 #include "Velmora/platform/linux/session/SessionFocus.h"
+#include "Velmora/platform/linux/session/X11Watch.h"
+
+#include <QFont>
+#include <QGuiApplication>
 
 #include <optional>
 
@@ -31,6 +36,20 @@ private:
     std::optional<FocusSender> m_sender;
 };
 
+/// Writes in the font that was chosen for the whole desktop.
+void wearDesktopFont()
+{
+    X11Watch watched;
+    auto const wish = desktopFont(watched);
+    if (!wish)
+        return;
+    QFont font = QGuiApplication::font();
+    font.setFamilies({QString::fromStdString(wish->family)});
+    if (wish->points > 0)
+        font.setPointSizeF(wish->points);
+    QGuiApplication::setFont(font);
+}
+
 class LinuxStartup final : public Startup {
 public:
     explicit LinuxStartup(std::span<char const* const> arguments)
@@ -48,9 +67,13 @@ public:
 
     void startToolkit(std::function<void()> const& start) override
     {
-        leaveGtkAlone(m_arguments);
-        BackendWish const wish(preferredBackend(m_session));
-        start();
+        bool const withoutTheme = leaveGtkAlone(m_arguments);
+        {
+            BackendWish const wish(preferredBackend(m_session));
+            start();
+        }
+        if (withoutTheme)
+            wearDesktopFont();
     }
 
 private:

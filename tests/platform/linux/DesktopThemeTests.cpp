@@ -34,8 +34,10 @@ protected:
     /// Whether the toolkit follows the desktop's theme after a start with these arguments.
     static bool follows(std::vector<char const*> arguments = {"velmora"})
     {
-        leaveGtkAlone(arguments);
-        return QGuiApplication::desktopSettingsAware();
+        bool const leaves = leaveGtkAlone(arguments);
+        bool const aware = QGuiApplication::desktopSettingsAware();
+        EXPECT_NE(leaves, aware);
+        return aware;
     }
 };
 

@@ -1,6 +1,7 @@
 #include "Velmora/platform/linux/session/XsettingsDocument.h"
 
 #include <cstddef>
+#include <variant>
 
 namespace velmora {
 
@@ -58,10 +59,26 @@ private:
 
 enum class Kind : std::uint32_t { integer = 0, text = 1, colour = 2 };
 
-} // namespace
+using Value = std::variant<std::monostate, std::int32_t, std::string_view>;
 
-std::optional<std::int32_t> xsettingsInteger(
-    std::span<unsigned char const> property, std::string_view name)
+/// The value that comes next; nothing where its kind has none that anybody asks for.
+std::optional<Value> nextValue(Reader& reader, Kind kind)
+{
+    switch (kind) {
+    case Kind::integer:
+        return static_cast<std::int32_t>(reader.number(4));
+    case Kind::text:
+        return reader.paddedText(reader.number(4));
+    case Kind::colour:
+        reader.skip(8);
+        return Value();
+    default:
+        return std::nullopt;
+    }
+}
+
+/// The setting of this name; nothing where there is none, or the property is cut short before it.
+Value setting(std::span<unsigned char const> property, std::string_view name)
 {
     Reader reader(property);
     reader.setBigEndian(reader.number(1) == 1);
@@ -72,22 +89,31 @@ std::optional<std::int32_t> xsettingsInteger(
         reader.skip(1);
         bool const wanted = reader.paddedText(reader.number(2)) == name;
         reader.skip(4); // the serial number of this setting's change
-        switch (kind) {
-        case Kind::integer:
-            if (auto const value = reader.number(4); wanted && !reader.isPastEnd())
-                return static_cast<std::int32_t>(value);
-            break;
-        case Kind::text:
-            reader.paddedText(reader.number(4));
-            break;
-        case Kind::colour:
-            reader.skip(8);
-            break;
-        default:
-            return std::nullopt;
-        }
+        auto const value = nextValue(reader, kind);
+        if (!value)
+            return {};
+        if (wanted)
+            return reader.isPastEnd() ? Value() : *value;
     }
-    return std::nullopt;
+    return {};
+}
+
+} // namespace
+
+std::optional<std::int32_t> xsettingsInteger(
+    std::span<unsigned char const> property, std::string_view name)
+{
+    auto const value = setting(property, name);
+    auto const* const integer = std::get_if<std::int32_t>(&value);
+    return integer ? std::optional(*integer) : std::nullopt;
+}
+
+std::optional<std::string> xsettingsText(
+    std::span<unsigned char const> property, std::string_view name)
+{
+    auto const value = setting(property, name);
+    auto const* const text = std::get_if<std::string_view>(&value);
+    return text ? std::optional<std::string>(*text) : std::nullopt;
 }
 
 } // namespace velmora
