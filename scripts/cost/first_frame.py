@@ -3,6 +3,7 @@
 import statistics
 import threading
 import time
+from dataclasses import dataclass
 from pathlib import Path
 
 from Xlib import display
@@ -14,12 +15,34 @@ _SHM_PUT_IMAGE = 3
 _STARTS = 9
 
 
-def first_frame(desktop: Desktop, command: list[str | Path]) -> float:
-    """The median over several starts, warm, in milliseconds; the display server tells of the frame."""
-    return statistics.median(_one_start(desktop, command) for _ in range(_STARTS + 1)[1:])
+@dataclass(frozen=True)
+class Start:
+    """Milliseconds from the start to the first frame: in all, running, and waiting for a processor."""
+
+    total: float
+    running: float
+    waiting: float
+
+    def __str__(self) -> str:
+        return (f"{self.total:.0f} ms, in which its threads ran for {self.running:.0f} ms, and its main thread "
+                f"waited {self.waiting:.0f} ms for a processor that others had")
 
 
-def _one_start(desktop: Desktop, command: list[str | Path]) -> float:
+def first_frame(desktop: Desktop, command: list[str | Path]) -> Start:
+    """Medians over several starts, warm; the display server tells of the frame."""
+    starts = [_one_start(desktop, command) for _ in range(_STARTS)]
+    return Start(*(statistics.median(getattr(start, name) for start in starts)
+                   for name in ("total", "running", "waiting")))
+
+
+def _scheduled(pid: int) -> tuple[float, float]:
+    """How long all threads have run, and how long the main one has waited for a processor, in milliseconds."""
+    books = {task.name: [int(word) / 1e6 for word in (task / "schedstat").read_text().split()]
+             for task in Path(f"/proc/{pid}/task").iterdir()}
+    return sum(run for run, *_ in books.values()), books[str(pid)][1]
+
+
+def _one_start(desktop: Desktop, command: list[str | Path]) -> Start:
     control, data = (display.Display(desktop.display_server.name) for _ in range(2))
     major = control.query_extension("MIT-SHM").major_opcode
     context = control.record_create_context(0, [record.FutureClients], [{
@@ -45,6 +68,7 @@ def _one_start(desktop: Desktop, command: list[str | Path]) -> float:
     try:
         if not seen.wait(20):
             raise AssertionError(f"{command[0]} put no picture into shared memory")
+        scheduled = _scheduled(process.pid)
     finally:
         desktop.processes.end(process)
         control.record_disable_context(context)
@@ -52,4 +76,4 @@ def _one_start(desktop: Desktop, command: list[str | Path]) -> float:
         thread.join(10)
         control.close()
         data.close()
-    return (instant[0] - start) * 1000
+    return Start((instant[0] - start) * 1000, *scheduled)

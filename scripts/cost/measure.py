@@ -96,10 +96,10 @@ def _main() -> None:
                     _peers(page, desktop, meter, found["at rest", _USUAL_SIZE])
                     desktop.settings.write()
                     starts = first_frame(desktop, [program]), first_frame(desktop, [bare, "--repaint"])
-    page.add(f"From start to first frame, warm: {starts[0]:.0f} ms; the bare window {starts[1]:.0f} ms.")
-    page.add(*goals(tables, starts[0]))
+    page.add(f"From start to first frame, warm: {starts[0]}. The bare window: {starts[1]}.")
+    page.add(*goals(tables, starts[0].total))
     page.write(document)
-    between_marks(short, _summary(tables, starts[0]))
+    between_marks(short, _summary(tables, starts[0].total), page.load())
     print(f"Written to {document} and, in short, to {short}")
 
 

@@ -28,13 +28,17 @@ class Page:
         """Puts everything between the document's marks."""
         between_marks(path, self._circumstances(), *self._parts)
 
+    def load(self) -> str:
+        """How busy the machine was, which makes all times longer."""
+        return (f"The load of the machine, of {os.cpu_count()} processors, was {self._load:.1f} before and "
+                f"{os.getloadavg()[0]:.1f} after.")
+
     def _circumstances(self) -> str:
         commit = subprocess.run(["git", "describe", "--always", "--dirty"], capture_output=True, text=True,
                                 check=False).stdout.strip() or "no repository"
         return (f"Measured on {time.strftime('%Y-%m-%d at %H:%M UTC', time.gmtime())} at {commit}: "
-                f"{os.cpu_count()} virtual processors ({_processor()}), Linux {platform.release()}, load "
-                f"{self._load:.1f} before and {os.getloadavg()[0]:.1f} after. Medians of {WINDOWS} windows of "
-                f"{SECONDS:g} s.")
+                f"{os.cpu_count()} virtual processors ({_processor()}), Linux {platform.release()}. "
+                f"{self.load()} Medians of {WINDOWS} windows of {SECONDS:g} s.")
 
 
 def between_marks(path: Path, *parts: str) -> None:
