@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Velmora/orb/FramePaint.h"
 #include "Velmora/orb/Lanes.h"
 #include "Velmora/orb/SoftLayers.h"
 
@@ -9,13 +10,6 @@
 #include <vector>
 
 namespace velmora {
-
-/// A colour whose channels are 0 to the level of full white.
-struct LevelColor {
-    float red = 0;
-    float green = 0;
-    float blue = 0;
-};
 
 /// Four pixels as one vector a channel.
 struct ChannelLanes {

@@ -1,5 +1,6 @@
 #include "Velmora/orb/OrbRenderer.h"
 
+#include "Velmora/orb/FramePaint.h"
 #include "Velmora/orb/RowPainter.h"
 
 #include <algorithm>
@@ -7,99 +8,6 @@
 #include <cstring>
 
 namespace velmora {
-namespace {
-
-constexpr int largestTarget = 8192;
-constexpr double largestSide = 65536;
-
-float share(double x)
-{
-    return x > 0 ? static_cast<float>(std::min(x, 1.0)) : 0;
-}
-
-bool usable(PixelTarget const& target)
-{
-    return target.bytes != nullptr && target.width > 0 && target.height > 0
-        && target.width <= largestTarget && target.height <= largestTarget
-        && target.stride >= std::ptrdiff_t{4} * target.width;
-}
-
-std::uint8_t* rowBytes(PixelTarget const& target, int y)
-{
-    return target.bytes + target.stride * y;
-}
-
-void clear(PixelTarget const& target)
-{
-    for (int y = 0; y < target.height; ++y)
-        std::memset(rowBytes(target, y), 0, static_cast<std::size_t>(target.width) * 4);
-}
-
-/// Whether every length of the frame can be drawn with.
-bool drawable(OrbFrame const& frame, double scale)
-{
-    double const side = frame.size * scale;
-    if (!(frame.size > 0 && scale > 0 && side > 0 && side <= largestSide))
-        return false;
-    double const limit = 4 * largestSide;
-    auto const fine = [&](double length) { return std::fabs(length) <= limit; };
-    auto const finePixels = [&](double points) { return fine(points * scale); };
-    GlowLayer const& glow = frame.glow;
-    BodyLayer const& body = frame.body;
-    HighlightLayer const& light = frame.highlight;
-    bool const ring = !frame.ripple
-        || (std::isfinite(frame.ripple->phase) && fine(frame.ripple->scale * side)
-            && finePixels(frame.ripple->lineWidth * frame.ripple->scale)
-            && finePixels(frame.ripple->blur));
-    return ring && std::isfinite(glow.phase) && std::isfinite(body.phase)
-        && std::isfinite(light.phase) && std::isfinite(frame.rim.phase) && fine(glow.scale * side)
-        && fine(body.scale * side) && fine(light.scale * side) && fine(frame.rim.scale * side)
-        && finePixels(frame.rim.lineWidth * frame.rim.scale) && finePixels(glow.blur * glow.scale)
-        && finePixels(body.shadow.radius) && finePixels(body.shadow.dx)
-        && finePixels(body.shadow.dy) && finePixels(light.blur) && finePixels(light.dx)
-        && finePixels(light.dy) && finePixels(body.centerX * body.scale)
-        && finePixels(body.centerY * body.scale) && finePixels(body.endRadius * body.scale);
-}
-
-LevelColor levels(OrbColor const& color, float full)
-{
-    // A hair less than alpha's level, so that no rounding lifts a colour above its alpha.
-    float const white = full * (1 - 4e-6F);
-    return {.red = share(color.red) * white,
-        .green = share(color.green) * white,
-        .blue = share(color.blue) * white};
-}
-
-Paint paint(OrbFrame const& frame, PixelTarget const& target, float opacity)
-{
-    BodyLayer const& body = frame.body;
-    float const full = 255 * opacity;
-    double const grown = body.scale * target.scale;
-    Paint paint = {
-        .glow = levels(frame.glow.color, full),
-        .rim = levels(frame.rim.color, full),
-        .highlight = levels(frame.highlight.color, full),
-        .stops
-        = {levels(body.stops[0], full), levels(body.stops[1], full), levels(body.stops[2], full)},
-        .glowOpacity = share(frame.glow.opacity),
-        .shadowOpacity = share(body.shadow.opacity),
-        .rimOpacity = share(frame.rim.opacity),
-        .highlightOpacity = share(frame.highlight.opacity),
-        .full = full,
-        .gradientX
-        = static_cast<float>(target.width / 2.0 + (body.centerX - frame.size / 2) * grown),
-        .gradientY
-        = static_cast<float>(target.height / 2.0 + (body.centerY - frame.size / 2) * grown),
-        .gradientRadius = static_cast<float>(std::max(body.endRadius * grown, 0.001)),
-    };
-    if (frame.ripple) {
-        paint.ring = levels(frame.ripple->color, full);
-        paint.ringOpacity = share(frame.ripple->opacity);
-    }
-    return paint;
-}
-
-} // namespace
 
 struct OrbRenderer::Scratch {
     Contour glowContour;
@@ -236,7 +144,7 @@ void OrbRenderer::render(
     if (frame.ripple)
         s.drawRing(*frame.ripple, frame, target);
     s.painter.begin(
-        grids, target.width, paint(frame, target, opacity), s.glow, s.shadow, s.highlight);
+        grids, target.width, framePaint(frame, target, opacity), s.glow, s.shadow, s.highlight);
     for (int y = 0; y < target.height; ++y) {
         std::uint32_t const* const row
             = s.painter.paintRow(y, s.body, s.rim, frame.ripple ? &s.ring : nullptr);
@@ -244,21 +152,6 @@ void OrbRenderer::render(
     }
     if (frame.ripple)
         s.ring.clear();
-}
-
-void multiplyOpacity(PixelTarget const& target, double opacity)
-{
-    if (!usable(target))
-        return;
-    // Times 65536, so that the product of a channel is rounded once.
-    auto const factor = static_cast<std::uint32_t>(std::lround(share(opacity) * 65536));
-    if (factor == 65536)
-        return;
-    for (int y = 0; y < target.height; ++y) {
-        std::uint8_t* const row = rowBytes(target, y);
-        for (int i = 0; i < target.width * 4; ++i)
-            row[i] = static_cast<std::uint8_t>((row[i] * factor + 32768) >> 16U);
-    }
 }
 
 } // namespace velmora

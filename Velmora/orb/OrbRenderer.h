@@ -1,26 +1,11 @@
 #pragma once
 
 #include "Velmora/orb/OrbFrame.h"
+#include "Velmora/orb/PixelTarget.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <memory>
 
 namespace velmora {
-
-/// Where pixels go: rows from the top, each pixel a native-endian 32-bit 0xAARRGGBB with colours
-/// premultiplied by alpha.
-struct PixelTarget {
-    std::uint8_t* bytes = nullptr;
-    /// Device pixels.
-    int width = 0;
-    /// Device pixels.
-    int height = 0;
-    /// From one row to the next, in bytes; at least four times the width.
-    std::ptrdiff_t stride = 0;
-    /// Device pixels in a point.
-    double scale = 1;
-};
 
 /// What happens to the opacity of the stack.
 enum class StackOpacity {
@@ -30,9 +15,6 @@ enum class StackOpacity {
     /// `multiplyOpacity` finishes it.
     deferred,
 };
-
-/// Multiplies every pixel of `target` by `opacity`, clamped to 0..1 and rounded once.
-void multiplyOpacity(PixelTarget const& target, double opacity);
 
 /// Draws frames. Owns its scratch memory, so that it allocates only when a frame is larger than
 /// all before it; the same frame and target always give the same pixels.

@@ -2,6 +2,7 @@
 
 #include "Velmora/orb/Backdrop.h"
 #include "Velmora/orb/CellRow.h"
+#include "Velmora/orb/FramePaint.h"
 #include "Velmora/orb/Lanes.h"
 #include "Velmora/orb/RippleRing.h"
 
@@ -10,26 +11,6 @@
 #include <vector>
 
 namespace velmora {
-
-/// What one frame paints with: colours in levels already multiplied by the stack's opacity,
-/// lengths in device pixels of the picture.
-struct Paint {
-    LevelColor glow;
-    LevelColor ring;
-    LevelColor rim;
-    LevelColor highlight;
-    std::array<LevelColor, 3> stops;
-    float glowOpacity = 0;
-    float shadowOpacity = 0;
-    float ringOpacity = 0;
-    float rimOpacity = 0;
-    float highlightOpacity = 0;
-    /// The level of an opaque pixel's alpha.
-    float full = 255;
-    float gradientX = 0;
-    float gradientY = 0;
-    float gradientRadius = 1;
-};
 
 /// The cells of the soft layers behind the body and of the highlight.
 struct SoftGrids {
