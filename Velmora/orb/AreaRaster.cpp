@@ -1,12 +1,10 @@
 #include "Velmora/orb/AreaRaster.h"
 
 #include <algorithm>
-#include <utility>
+#include <array>
 
 namespace velmora {
 namespace {
-
-constexpr unsigned bitsPerWord = 64;
 
 /// Also turns what is not a number into 0.
 float limited(float x, float high)
@@ -20,62 +18,144 @@ void AreaRaster::resize(int columns, int rows)
 {
     m_columns = columns;
     m_rows = rows;
-    int const blocks = (columns + blockSize - 1) / blockSize + 1;
-    m_stride = blocks * blockSize;
-    m_words = (blocks + static_cast<int>(bitsPerWord) - 1) / static_cast<int>(bitsPerWord);
+    m_stride = ((columns + blockSize - 1) / blockSize + 1) * blockSize;
     // Rasters of cells change by a row or two from frame to frame: room for those at once.
     auto const height = static_cast<std::size_t>(rows);
     auto const stride = static_cast<std::size_t>(m_stride);
     if (m_differences.size() < height * stride)
         m_differences.resize((height + 2) * (stride + std::size_t{2} * blockSize));
-    auto const words = static_cast<std::size_t>(m_words);
-    if (m_touched.size() < height * words)
-        m_touched.resize((height + 2) * (words + 1));
     m_firstRow = rows;
     m_endRow = 0;
 }
 
-void AreaRaster::add(Contour const& contour, Placing const& placing, bool subtract)
+void AreaRaster::add(
+    Contour const& contour, Placing const& placing, bool subtract, BlockMap& touched)
 {
-    auto const x = [&](Contour::Vertex const& v) {
-        return placing.centerX + v.x * placing.scale + v.normalX * placing.offset;
-    };
-    auto const y = [&](Contour::Vertex const& v) {
-        return placing.centerY + v.y * placing.scale + v.normalY * placing.offset;
-    };
+    std::array<float, Contour::maximumVertices + 1> x;
+    std::array<float, Contour::maximumVertices + 1> y;
+    std::size_t const count = contour.count();
+    Contour::Vertices const& vertices = contour.vertices();
+    for (std::size_t i = 0; i < count; ++i)
+        x[i] = placing.centerX + vertices.x[i] * placing.scale
+            + vertices.normalX[i] * placing.offset;
+    for (std::size_t i = 0; i < count; ++i)
+        y[i] = placing.centerY + vertices.y[i] * placing.scale
+            + vertices.normalY[i] * placing.offset;
+    x[count] = x[0];
+    y[count] = y[0];
     float const sign = subtract ? -1.0F : 1.0F;
-    Contour::Vertex const& lastVertex = contour.end()[-1];
-    float fromX = x(lastVertex);
-    float fromY = y(lastVertex);
-    for (Contour::Vertex const& vertex : contour) {
-        float const toX = x(vertex);
-        float const toY = y(vertex);
-        addLine(fromX, fromY, toX, toY, sign);
-        fromX = toX;
-        fromY = toY;
+    for (std::size_t from = 0; from < count;) {
+        std::size_t to = from;
+        while (to < count && y[to + 1] >= y[to])
+            ++to;
+        auto const down = static_cast<std::ptrdiff_t>(to - from);
+        addRun({.x = &x[from], .y = &y[from], .step = 1, .last = down}, sign, touched);
+        from = to;
+        while (to < count && !(y[to + 1] >= y[to]))
+            ++to;
+        auto const up = static_cast<std::ptrdiff_t>(to - from);
+        addRun({.x = &x[to], .y = &y[to], .step = -1, .last = up}, -sign, touched);
+        from = to;
     }
 }
 
-inline void AreaRaster::touch(int y, int firstColumn, int lastColumn)
+void AreaRaster::addRun(Run const& run, float sign, BlockMap& touched)
 {
-    std::uint64_t* const words = touched(y);
-    unsigned const first = static_cast<unsigned>(firstColumn) / blockSize;
-    unsigned const last = static_cast<unsigned>(lastColumn) / blockSize;
-    std::uint64_t const fromFirst = ~std::uint64_t{0} << first % bitsPerWord;
-    std::uint64_t const toLast = ~std::uint64_t{0} >> (bitsPerWord - 1 - last % bitsPerWord);
-    unsigned word = first / bitsPerWord;
-    unsigned const lastWord = last / bitsPerWord;
-    if (word == lastWord) {
-        words[word] |= fromFirst & toLast;
+    float const bottom = run.y[run.step * run.last];
+    float x = run.x[0];
+    float y = run.y[0];
+    auto const height = static_cast<float>(m_rows);
+    if (!(bottom > 0 && y < height && y < bottom))
+        return;
+    std::ptrdiff_t i = 1;
+    if (y < 0) {
+        for (; run.y[i * run.step] <= 0; ++i) {
+            x = run.x[i * run.step];
+            y = run.y[i * run.step];
+        }
+        x -= (run.x[i * run.step] - x) * (y / (run.y[i * run.step] - y));
+        y = 0;
+    }
+    int row = static_cast<int>(y);
+    m_firstRow = std::min(m_firstRow, row);
+    m_endRow = std::max(m_endRow, static_cast<int>(std::min(bottom, height - 1)) + 1);
+    for (; i <= run.last; ++i) {
+        float const toX = run.x[i * run.step];
+        float const toY = run.y[i * run.step];
+        auto edge = static_cast<float>(row + 1);
+        if (toY >= edge) {
+            // Here `edge` is greater than `y`, so that the slope is a number.
+            float const slope = (toX - x) / (toY - y);
+            float const atEdge = x + slope * (edge - y);
+            addPiece(row, x, atEdge, sign * (edge - y), touched);
+            x = atEdge;
+            for (++row, edge += 1; toY >= edge && row < m_rows; ++row, edge += 1) {
+                addPiece(row, x, x + slope, sign, touched);
+                x += slope;
+            }
+            if (row == m_rows)
+                return;
+            y = edge - 1;
+        }
+        if (toY > y)
+            addPiece(row, x, toX, sign * (toY - y), touched);
+        x = toX;
+        y = toY;
+    }
+}
+
+inline void AreaRaster::addPiece(int y, float from, float to, float height, BlockMap& touched)
+{
+    float const left = std::min(from, to);
+    float const right = std::max(from, to);
+    if (!(left >= 0 && right <= static_cast<float>(m_columns))) {
+        addClipped(y, left, right, height, touched);
         return;
     }
-    words[word] |= fromFirst;
-    for (++word; word < lastWord; ++word)
-        words[word] = ~std::uint64_t{0};
-    words[lastWord] |= toLast;
+    int const first = static_cast<int>(left);
+    int const last = static_cast<int>(right);
+    float* const cells = row(y);
+    std::uint8_t* const marks = touched.row(y);
+    marks[first / blockSize] = 1;
+    marks[(last + 1) / blockSize] = 1;
+    // What each pixel holds is the area left of its right edge; its difference is stored.
+    if (first == last) {
+        float const past = height * ((left + right) * 0.5F - static_cast<float>(first));
+        cells[first] += height - past;
+        cells[first + 1] += past;
+        return;
+    }
+    if (last == first + 1) {
+        // A triangle on either side of the column's edge.
+        float const half = 0.5F * height / (right - left);
+        float const start = static_cast<float>(last) - left;
+        float const rest = right - static_cast<float>(last);
+        float const covered = half * start * start;
+        float const missing = half * rest * rest;
+        cells[first] += covered;
+        cells[last] += height - missing - covered;
+        cells[last + 1] += missing;
+        return;
+    }
+    for (int block = first / blockSize + 1; block <= last / blockSize; ++block)
+        marks[block] = 1;
+    addAcross(cells, left, right, height);
 }
 
-inline void AreaRaster::addAcross(float* cells, float left, float right, float height)
+void AreaRaster::addClipped(int y, float left, float right, float height, BlockMap& touched)
+{
+    auto const width = static_cast<float>(m_columns);
+    float const span = right - left;
+    float const before = span > 0 ? limited(-left, span) / span : left < 0 ? 1.0F : 0.0F;
+    float const behind = span > 0 ? limited(right - width, span) / span : 0;
+    row(y)[0] += height * before;
+    touched.row(y)[0] = 1;
+    if (left < width && right > 0)
+        addPiece(y, limited(left, width), limited(right, width), height * (1 - before - behind),
+            touched);
+}
+
+void AreaRaster::addAcross(float* cells, float left, float right, float height)
 {
     int const first = static_cast<int>(left);
     int const last = static_cast<int>(right);
@@ -84,74 +164,14 @@ inline void AreaRaster::addAcross(float* cells, float left, float right, float h
     float const start = static_cast<float>(first + 1) - left;
     float const rest = right - static_cast<float>(last);
     float const firstArea = 0.5F * perColumn * start * start;
-    float const lastArea = 0.5F * perColumn * rest * rest;
-    // What each pixel holds is the area left of its right edge; its difference is stored.
-    float covered = firstArea;
+    float const missing = 0.5F * perColumn * rest * rest;
     cells[first] += firstArea;
-    float atEdge = perColumn * start;
-    for (int column = first + 1; column < last; ++column) {
-        float const area = atEdge + 0.5F * perColumn;
-        cells[column] += area - covered;
-        covered = area;
-        atEdge += perColumn;
-    }
-    // In the last pixel the line ends at `rest`; right of that the full height is covered.
-    float const lastPixel = atEdge * rest + lastArea + height * (1 - rest);
-    cells[last] += lastPixel - covered;
-    cells[last + 1] += height - lastPixel;
-}
-
-inline void AreaRaster::addInRow(int y, float left, float right, float height)
-{
-    int const first = static_cast<int>(left);
-    int const last = static_cast<int>(right);
-    float* const cells = row(y);
-    touch(y, first, last + 1);
-    if (first == last) {
-        float const past = height * ((left + right) * 0.5F - static_cast<float>(first));
-        cells[first] += height - past;
-        cells[first + 1] += past;
-        return;
-    }
-    addAcross(cells, left, right, height);
-}
-
-void AreaRaster::addLine(float x0, float y0, float x1, float y1, float sign)
-{
-    if (y0 > y1) {
-        std::swap(x0, x1);
-        std::swap(y0, y1);
-        sign = -sign;
-    }
-    auto const height = static_cast<float>(m_rows);
-    if (!(y0 < y1) || y1 <= 0 || y0 >= height)
-        return;
-    float const slope = (x1 - x0) / (y1 - y0);
-    float const top = std::max(y0, 0.0F);
-    float const bottom = std::min(y1, height);
-    float x = x0 + (top - y0) * slope;
-    int const first = static_cast<int>(top);
-    int const last = static_cast<int>(bottom);
-    int const end = static_cast<float>(last) < bottom ? last + 1 : last;
-    m_firstRow = std::min(m_firstRow, first);
-    m_endRow = std::max(m_endRow, end);
-    auto const width = static_cast<float>(m_columns);
-    // A line well within the raster stays within it whatever the rounding, unless it is so flat
-    // that its slope is no number.
-    bool const within = std::min(x0, x1) > 1 && std::max(x0, x1) < width - 1 && y1 - y0 > 1e-6F;
-    float from = top;
-    for (int row = first; row < end; ++row) {
-        float const to = std::min(static_cast<float>(row + 1), bottom);
-        float const next = x + slope * (to - from);
-        float const left = std::min(x, next);
-        float const right = std::max(x, next);
-        if (within)
-            addInRow(row, left, right, sign * (to - from));
-        else
-            addInRow(row, limited(left, width), limited(right, width), sign * (to - from));
-        x = next;
-        from = to;
-    }
+    cells[first + 1] += perColumn * (start + 0.5F) - firstArea;
+    for (int column = first + 2; column < last; ++column)
+        cells[column] += perColumn;
+    float const lastButOne = perColumn * (start + static_cast<float>(last - first - 2) + 0.5F);
+    cells[last] += height - missing - lastButOne;
+    cells[last + 1] += missing;
 }
 
 } // namespace velmora

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Velmora/orb/BlockMap.h"
 #include "Velmora/orb/Contour.h"
 
 #include <cstddef>
@@ -21,9 +22,10 @@ struct Placing {
 /// Exact area coverage of closed contours, kept as differences along each row: the running sum of
 /// a row is the share of each pixel that the contours cover, with a sign for their direction.
 ///
-/// Differences lie in blocks of four pixels and each row knows the blocks that an edge has
-/// touched, so that a reader visits only those. Whatever lies left of the raster counts as its
-/// first column, whatever lies right of it is dropped. The reader clears what it has read.
+/// Differences lie in blocks of four pixels, and a map that several rasters may share knows the
+/// blocks that an edge has touched, so that a reader visits only those. Whatever lies left of the
+/// raster counts in its first column, whatever lies right of it is dropped. The reader clears what
+/// it has read.
 class AreaRaster {
 public:
     static constexpr int blockSize = 4;
@@ -31,21 +33,19 @@ public:
     /// Makes room for `columns` x `rows` pixels. Must be all clear; allocates only to grow.
     void resize(int columns, int rows);
 
-    /// Adds a contour, counted negatively when `subtract` is set.
-    void add(Contour const& contour, Placing const& placing, bool subtract);
+    /// Adds a contour, counted negatively when `subtract` is set, and marks the blocks it touches
+    /// in a map of `blocks()` blocks a row.
+    void add(Contour const& contour, Placing const& placing, bool subtract, BlockMap& touched);
 
     /// The differences of a row; one block more than the blocks of the columns.
-    [[nodiscard]] float* row(int y) { return m_differences.data() + rowOffset(y); }
-
-    /// The touched blocks of a row, one bit each, in `words()` words.
-    [[nodiscard]] std::uint64_t* touched(int y)
+    [[nodiscard]] float* row(int y)
     {
-        return m_touched.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_words);
+        return m_differences.data()
+            + static_cast<std::size_t>(y) * static_cast<std::size_t>(m_stride);
     }
 
-    [[nodiscard]] int words() const { return m_words; }
     [[nodiscard]] int stride() const { return m_stride; }
-    [[nodiscard]] int rows() const { return m_rows; }
+    [[nodiscard]] int blocks() const { return m_stride / blockSize; }
 
     /// The rows that edges have touched since the last `resize`: from the first up to, not
     /// including, the end.
@@ -53,21 +53,23 @@ public:
     [[nodiscard]] int endRow() const { return m_endRow; }
 
 private:
-    [[nodiscard]] std::size_t rowOffset(int y) const
-    {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_stride);
-    }
-    void addLine(float x0, float y0, float x1, float y1, float sign);
-    void addInRow(int y, float left, float right, float height);
+    /// Vertices from a top one down to a bottom one, `step` apart.
+    struct Run {
+        float const* x;
+        float const* y;
+        std::ptrdiff_t step;
+        std::ptrdiff_t last;
+    };
+
+    void addRun(Run const& run, float sign, BlockMap& touched);
+    void addPiece(int y, float from, float to, float height, BlockMap& touched);
+    void addClipped(int y, float left, float right, float height, BlockMap& touched);
     static void addAcross(float* cells, float left, float right, float height);
-    void touch(int y, int firstColumn, int lastColumn);
 
     std::vector<float> m_differences;
-    std::vector<std::uint64_t> m_touched;
     int m_columns = 0;
     int m_rows = 0;
     int m_stride = 0;
-    int m_words = 0;
     int m_firstRow = 0;
     int m_endRow = 0;
 };

@@ -8,6 +8,8 @@ namespace {
 
 /// How far a chord may stray from the curve, in pixels: a small part of one.
 constexpr float straying = 0.04F;
+/// Of one of the outline's segments.
+constexpr int maximumPieces = Contour::maximumVertices / 8;
 
 /// One piece of the outline as a polynomial, so that a vertex costs a few multiplications.
 struct Polynomial {
@@ -66,10 +68,12 @@ void Contour::fit(double phase, double side)
             float const dx = x.slope(t);
             float const dy = y.slope(t);
             float const scale = 1 / std::sqrt(std::max(dx * dx + dy * dy, 1e-12F));
-            Vertex const vertex
-                = {.x = x.at(t), .y = y.at(t), .normalX = dy * scale, .normalY = -dx * scale};
-            m_reach = std::max({m_reach, std::fabs(vertex.x), std::fabs(vertex.y)});
-            m_vertices[m_count++] = vertex;
+            m_vertices.x[m_count] = x.at(t);
+            m_vertices.y[m_count] = y.at(t);
+            m_vertices.normalX[m_count] = dy * scale;
+            m_vertices.normalY[m_count] = -dx * scale;
+            m_reach = std::max({m_reach, std::fabs(x.at(t)), std::fabs(y.at(t))});
+            ++m_count;
         }
         from = piece.end;
     }

@@ -20,6 +20,7 @@ struct OrbRenderer::Scratch {
     SoftPlane highlight;
     AreaRaster body;
     AreaRaster rim;
+    BlockMap touched;
     RippleRing ring;
     RowPainter painter;
 
@@ -38,12 +39,6 @@ Placing placing(PixelTarget const& target, double scale, double lineWidth = 0)
         .centerY = static_cast<float>(target.height) / 2,
         .scale = static_cast<float>(scale),
         .offset = static_cast<float>(lineWidth / 2)};
-}
-
-Placing inEdgeRaster(Placing placing)
-{
-    placing.centerX += static_cast<float>(RowPainter::leftPad);
-    return placing;
 }
 
 Placing moved(Placing placing, double dx, double dy)
@@ -98,14 +93,14 @@ Contour const& OrbRenderer::Scratch::contour(
 void OrbRenderer::Scratch::drawEdges(OrbFrame const& frame, PixelTarget const& target)
 {
     double const side = frame.size * target.scale;
-    int const width = target.width + RowPainter::leftPad;
-    body.resize(width, target.height);
-    body.add(bodyContour, inEdgeRaster(placing(target, frame.body.scale * side)), false);
-    rim.resize(width, target.height);
+    body.resize(target.width, target.height);
+    rim.resize(target.width, target.height);
+    touched.resize(body.blocks(), target.height);
+    body.add(bodyContour, placing(target, frame.body.scale * side), false, touched);
     double const line = frame.rim.lineWidth * frame.rim.scale * target.scale;
     Contour const& outline = contour(frame.rim.phase, frame, target);
-    rim.add(outline, inEdgeRaster(placing(target, frame.rim.scale * side, line)), false);
-    rim.add(outline, inEdgeRaster(placing(target, frame.rim.scale * side, -line)), true);
+    rim.add(outline, placing(target, frame.rim.scale * side, line), false, touched);
+    rim.add(outline, placing(target, frame.rim.scale * side, -line), true, touched);
 }
 
 void OrbRenderer::Scratch::drawRing(
@@ -113,7 +108,7 @@ void OrbRenderer::Scratch::drawRing(
 {
     double const line = ripple.lineWidth * ripple.scale * target.scale;
     ring.draw(contour(ripple.phase, frame, target),
-        inEdgeRaster(placing(target, ripple.scale * frame.size * target.scale, line)),
+        placing(target, ripple.scale * frame.size * target.scale, line),
         ripple.blur * target.scale);
 }
 
@@ -140,14 +135,14 @@ void OrbRenderer::render(
     s.bodyContour.fit(frame.body.phase, frame.size * target.scale);
     SoftGrids const grids = s.drawSoftLayers(frame, target);
     s.drawEdges(frame, target);
-    s.ring.resize(target.width + RowPainter::leftPad, target.height);
+    s.ring.resize(target.width, target.height);
     if (frame.ripple)
         s.drawRing(*frame.ripple, frame, target);
     s.painter.begin(
         grids, target.width, framePaint(frame, target, opacity), s.glow, s.shadow, s.highlight);
     for (int y = 0; y < target.height; ++y) {
         std::uint32_t const* const row
-            = s.painter.paintRow(y, s.body, s.rim, frame.ripple ? &s.ring : nullptr);
+            = s.painter.paintRow(y, s.body, s.rim, s.touched, frame.ripple ? &s.ring : nullptr);
         std::memcpy(rowBytes(target, y), row, static_cast<std::size_t>(target.width) * 4);
     }
     if (frame.ripple)

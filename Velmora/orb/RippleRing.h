@@ -3,7 +3,6 @@
 #include "Velmora/orb/AreaRaster.h"
 #include "Velmora/orb/SoftLayers.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace velmora {
@@ -19,7 +18,7 @@ public:
     void draw(Contour const& contour, Placing const& placing, double deviation);
 
     /// Adds the blocks of row `y` that the ring touches to `touched`.
-    void mark(int y, std::uint64_t* touched) const;
+    void mark(int y, BlockMap& touched) const;
 
     /// The ring's coverage of the four pixels from column `x`, a multiple of four.
     [[nodiscard]] Lanes coverage(int y, int x) const;
@@ -35,10 +34,10 @@ private:
     BlurKernel m_kernel;
     std::vector<float> m_line;
     std::vector<float> m_plane;
-    std::vector<std::uint64_t> m_marks;
+    BlockMap m_touched;
+    BlockMap m_marks;
     int m_rows = 0;
     int m_stride = 0;
-    int m_words = 0;
     int m_blocks = 0;
 };
 

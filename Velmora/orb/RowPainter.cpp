@@ -1,7 +1,6 @@
 #include "Velmora/orb/RowPainter.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstddef>
 
@@ -9,7 +8,6 @@ namespace velmora {
 namespace {
 
 constexpr int blockSize = AreaRaster::blockSize;
-constexpr int bitsPerWord = 64;
 /// Runs are written in whole blocks, which may overshoot the row.
 constexpr int overshoot = Backdrop::overshoot;
 constexpr float nothing = 1.0F / 1024;
@@ -48,7 +46,6 @@ void RowPainter::begin(SoftGrids const& grids, int width, Paint const& paint, So
     m_green = {stops[0].green, stops[1].green, stops[2].green};
     m_blue = {stops[0].blue, stops[1].blue, stops[2].blue};
     grow(m_gradientX2, width + 2 * blockSize);
-    grow(m_touched, (width + leftPad) / blockSize / bitsPerWord + 2);
     grow(m_pixels, width + 2 * overshoot);
     Lanes const perPixel = splat(m_gradientPerPixel);
     for (int x = 0; x < width; x += blockSize) {
@@ -62,25 +59,13 @@ void RowPainter::begin(SoftGrids const& grids, int width, Paint const& paint, So
     m_shadow.begin(grids.back, shadow, paint.shadowOpacity, width);
 }
 
-void RowPainter::collectTouched(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring)
-{
-    int const words = body.words();
-    for (int i = 0; i < words; ++i)
-        m_touched[static_cast<std::size_t>(i)] = body.touched(y)[i] | rim.touched(y)[i];
-    if (ring != nullptr)
-        ring->mark(y, m_touched.data());
-    std::fill_n(body.touched(y), words, std::uint64_t{0});
-    std::fill_n(rim.touched(y), words, std::uint64_t{0});
-    // The pad left of the picture always has to be added up.
-    m_touched[0] |= 1;
-}
-
 std::uint32_t const* RowPainter::paintRow(
-    int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring)
+    int y, AreaRaster& body, AreaRaster& rim, BlockMap& touched, RippleRing const* ring)
 {
     float const down = (static_cast<float>(y) + 0.5F - m_paint.gradientY) * m_gradientPerPixel;
     m_gradientY2 = down * down;
-    collectTouched(y, body, rim, ring);
+    if (ring != nullptr)
+        ring->mark(y, touched);
     m_backdrop.beginRow(y, m_width);
     m_highlight.beginRow(y);
     if (m_highlight.from() < m_highlight.end())
@@ -88,29 +73,21 @@ std::uint32_t const* RowPainter::paintRow(
     if (ring != nullptr)
         m_shadow.beginRow(y);
     Edges edges = {.body = body.row(y), .rim = rim.row(y), .ring = ring, .y = y};
-    // The last block is the pad on the right.
-    int const blocks = body.stride() / blockSize;
+    // Behind the picture's blocks lies one that only takes what the last edges leave.
+    int const blocks = body.blocks() - 1;
+    std::uint8_t const* const marks = touched.row(y);
     for (int block = 0; block < blocks;) {
-        int const edgesEnd = nextBlock(block, blocks, false);
-        paintEdges((block - 1) * blockSize, (edgesEnd - 1) * blockSize, edges);
-        block = nextBlock(edgesEnd, blocks, true);
-        paintSpan((edgesEnd - 1) * blockSize, (std::min(block, blocks - 1) - 1) * blockSize, edges);
+        int const edge = touched.next(y, block, blocks);
+        paintSpan(block * blockSize, edge * blockSize, edges);
+        block = edge;
+        while (block < blocks && marks[block] != 0)
+            ++block;
+        paintEdges(edge * blockSize, block * blockSize, edges);
     }
+    store(edges.body + std::ptrdiff_t{blocks} * blockSize, splat(0));
+    store(edges.rim + std::ptrdiff_t{blocks} * blockSize, splat(0));
+    touched.clearRow(y);
     return m_pixels.data() + overshoot;
-}
-
-int RowPainter::nextBlock(int from, int limit, bool touched) const
-{
-    int block = from;
-    while (block < limit) {
-        int const shift = block % bitsPerWord;
-        std::uint64_t const word = m_touched[static_cast<std::size_t>(block / bitsPerWord)];
-        std::uint64_t const rest = (touched ? word : ~word) >> static_cast<unsigned>(shift);
-        if (rest != 0)
-            return std::min(block + std::countr_zero(rest), limit);
-        block += bitsPerWord - shift;
-    }
-    return limit;
 }
 
 /// Paints pixels that no edge touches.
@@ -167,9 +144,9 @@ void RowPainter::paintEdges(int from, int end, Edges& edges)
 {
     if (from >= end)
         return;
-    m_backdrop.widen(std::max(from, 0), std::min(end, m_width));
+    m_backdrop.widen(from, std::min(end, m_width));
     if (edges.ring != nullptr) {
-        m_shadow.stretch(std::max(from, 0), std::min(end, m_width));
+        m_shadow.stretch(from, std::min(end, m_width));
         for (int x = from; x < end; x += blockSize)
             paintEdgeBlock<true>(x, edges);
     } else {
@@ -181,16 +158,13 @@ void RowPainter::paintEdges(int from, int end, Edges& edges)
 template <bool ringed>
 void RowPainter::paintEdgeBlock(int x, Edges& edges)
 {
-    int const column = x + leftPad;
     Lanes const one = splat(1);
-    Lanes const bodySum = runningSum(load(edges.body + column)) + splat(edges.bodyBefore);
-    Lanes const rimSum = runningSum(load(edges.rim + column)) + splat(edges.rimBefore);
-    store(edges.body + column, splat(0));
-    store(edges.rim + column, splat(0));
+    Lanes const bodySum = runningSum(load(edges.body + x)) + splat(edges.bodyBefore);
+    Lanes const rimSum = runningSum(load(edges.rim + x)) + splat(edges.rimBefore);
+    store(edges.body + x, splat(0));
+    store(edges.rim + x, splat(0));
     edges.bodyBefore = last(bodySum);
     edges.rimBefore = last(rimSum);
-    if (x < 0 || x >= m_width)
-        return;
     Lanes const body = min(magnitude(bodySum), one);
     Lanes rim = min(magnitude(rimSum), one) * splat(m_paint.rimOpacity);
     bool const lit = x >= m_highlight.from() && x < m_highlight.end();
@@ -204,7 +178,7 @@ void RowPainter::paintEdgeBlock(int x, Edges& edges)
     Lanes ring = splat(0);
     Lanes ringColor = splat(0);
     if constexpr (ringed) {
-        ring = edges.ring->coverage(edges.y, column) * splat(m_paint.ringOpacity) * through;
+        ring = edges.ring->coverage(edges.y, x) * splat(m_paint.ringOpacity) * through;
         ringColor = ring - ring * m_shadow.coverage(x);
         through = through - ring;
     }

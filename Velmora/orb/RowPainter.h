@@ -26,17 +26,15 @@ struct SoftGrids {
 /// layer.
 class RowPainter {
 public:
-    /// Columns left of the picture that the edge rasters have besides it.
-    static constexpr int leftPad = AreaRaster::blockSize;
-
     /// Combines the soft layers for a picture of `width` pixels. The planes must live until the
     /// last row is painted.
     void begin(SoftGrids const& grids, int width, Paint const& paint, SoftPlane const& glow,
         SoftPlane const& shadow, SoftPlane const& highlight);
 
-    /// The pixels of row `y`, valid until the next call. Clears the rasters' row; `ring` may be
-    /// null.
-    std::uint32_t const* paintRow(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring);
+    /// The pixels of row `y`, valid until the next call. Clears the rasters' row and that of the
+    /// blocks they have touched; `ring` may be null.
+    std::uint32_t const* paintRow(
+        int y, AreaRaster& body, AreaRaster& rim, BlockMap& touched, RippleRing const* ring);
 
 private:
     /// A row's edges: differences of coverage, and what they have summed up to so far.
@@ -63,9 +61,6 @@ private:
         }
     };
 
-    void collectTouched(int y, AreaRaster& body, AreaRaster& rim, RippleRing const* ring);
-    /// The first block from `from` on that is touched, or is not, or `limit`.
-    [[nodiscard]] int nextBlock(int from, int limit, bool touched) const;
     void paintSpan(int from, int end, Edges& edges);
     template <bool lit>
     void paintInside(int from, int end);
@@ -86,7 +81,6 @@ private:
     float m_gradientY2 = 0;
     /// Each column's share of the squared distance to the gradient's centre.
     std::vector<float> m_gradientX2;
-    std::vector<std::uint64_t> m_touched;
     std::vector<std::uint32_t> m_pixels;
 };
 

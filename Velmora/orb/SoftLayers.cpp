@@ -83,6 +83,7 @@ void SoftPlane::resize(CellGrid const& grid)
 {
     m_stride = grid.stride;
     m_raster.resize(grid.stride, grid.rows);
+    m_touched.resize(m_raster.blocks(), grid.rows);
     std::size_t const line
         = static_cast<std::size_t>(grid.stride) + std::size_t{2} * BlurKernel::maximumRadius + 4;
     grow(m_line, line, line + 8);
@@ -100,7 +101,7 @@ void SoftPlane::draw(
         {.centerX = grid.position(placing.centerX),
             .centerY = grid.position(placing.centerY),
             .scale = static_cast<float>(placing.scale / cell)},
-        false);
+        false, m_touched);
     blurRows(grid);
     blurColumns(grid);
 }
@@ -117,7 +118,6 @@ void SoftPlane::resolveRow(int y, float* line)
         store(differences + x, zero);
     }
     store(differences + m_stride, zero);
-    std::fill_n(m_raster.touched(y), m_raster.words(), std::uint64_t{0});
 }
 
 void SoftPlane::blurRows(CellGrid const& grid)

@@ -86,6 +86,7 @@ private:
     void sumColumns(float* out, int x, int y, int from, int to) const;
 
     AreaRaster m_raster;
+    BlockMap m_touched;
     BlurKernel m_kernel;
     std::vector<float> m_line;
     std::vector<float> m_across;
