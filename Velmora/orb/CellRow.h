@@ -1,20 +1,24 @@
 #pragma once
 
-#include "Velmora/orb/Lanes.h"
+#include "Velmora/orb/CellPlaces.h"
+#include "Velmora/orb/Numbers.h"
 #include "Velmora/orb/SoftLayers.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace velmora {
 
-/// One soft layer's coverage along rows of pixels, stretched from the cells.
+/// One soft layer's coverage along rows of pixels, stretched from the cells in whole numbers of
+/// 1/32767.
 class CellRow {
 public:
-    /// What may be written past the end of a stretch, in pixels.
+    /// What may be read past the end of a row, in pixels.
     static constexpr int overshoot = 40;
+    /// The number of a whole coverage.
+    static constexpr float whole = 32767;
 
-    /// Reads `plane`, times `opacity` (0..1), for pictures of `width` pixels. The plane must live
-    /// as long as rows are read.
+    /// Reads `plane`, times `opacity` (0..1), for pictures of `width` pixels.
     void begin(CellGrid const& grid, SoftPlane const& plane, float opacity, int width);
 
     /// Makes ready for pixels of row `y`.
@@ -25,23 +29,36 @@ public:
     [[nodiscard]] int from() const { return m_from; }
     [[nodiscard]] int end() const { return m_end; }
 
-    /// Prepares `coverage` for the pixels `from` up to `end`.
-    void stretch(int from, int end);
-
-    /// The coverage, times the opacity, of the four pixels from `x`, which `stretch` has prepared.
-    [[nodiscard]] Lanes coverage(int x) const { return load(m_pixels.data() + overshoot + x); }
+    /// The coverage, times the opacity, of the eight pixels from `x`, of which the first must show.
+    [[nodiscard]] Numbers coverage(int x) const
+    {
+        return load(m_middle.data() + overshoot + x)
+            + highProduct(load(m_step.data() + overshoot + x), m_down);
+    }
 
 private:
+    /// The cells of a row that show, from the first up to, not including, the end.
+    struct Range {
+        int first;
+        int end;
+    };
+
+    void quantize(SoftPlane const& plane, float opacity);
+    void widen(int row);
+
     CellGrid m_grid;
-    SoftPlane const* m_plane = nullptr;
-    float m_opacity = 0;
     int m_width = 0;
     int m_from = 0;
     int m_end = 0;
-    std::vector<float> m_cells;
-    std::vector<float> m_pixels;
-    /// How far each pixel of a cell lies between the cells' centres, 0..1.
-    std::vector<float> m_shares;
+    /// The row of cells above the pixels, or -1.
+    int m_row = -1;
+    Numbers m_down = {};
+    std::vector<std::int16_t> m_cells;
+    std::vector<Range> m_ranges;
+    /// Half way between the rows of cells above and below, and from the one to the other.
+    std::vector<std::int16_t> m_middle;
+    std::vector<std::int16_t> m_step;
+    CellPlaces m_places;
 };
 
 } // namespace velmora

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
+#include <vector>
 
 namespace velmora {
 
@@ -18,14 +20,14 @@ struct OrbRenderer::Scratch {
     SoftPlane glow;
     SoftPlane shadow;
     SoftPlane highlight;
-    AreaRaster body;
-    AreaRaster rim;
-    BlockMap touched;
+    EdgeRasters edges;
     RippleRing ring;
     RowPainter painter;
+    std::vector<std::uint32_t> pixelRow;
 
     SoftGrids drawSoftLayers(OrbFrame const& frame, PixelTarget const& target);
     void drawEdges(OrbFrame const& frame, PixelTarget const& target);
+    void paintRows(PixelTarget const& target, RippleRing const* shown);
     void drawRing(RippleLayer const& ripple, OrbFrame const& frame, PixelTarget const& target);
     Contour const& contour(double phase, OrbFrame const& frame, PixelTarget const& target);
 };
@@ -93,14 +95,16 @@ Contour const& OrbRenderer::Scratch::contour(
 void OrbRenderer::Scratch::drawEdges(OrbFrame const& frame, PixelTarget const& target)
 {
     double const side = frame.size * target.scale;
-    body.resize(target.width, target.height);
-    rim.resize(target.width, target.height);
-    touched.resize(body.blocks(), target.height);
-    body.add(bodyContour, placing(target, frame.body.scale * side), false, touched);
+    edges.body.resize(target.width, target.height);
+    edges.rim.resize(target.width, target.height);
+    edges.touched.resize(edges.body.blocks(), target.height);
+    edges.body.add(bodyContour, placing(target, frame.body.scale * side), false, edges.touched);
     double const line = frame.rim.lineWidth * frame.rim.scale * target.scale;
     Contour const& outline = contour(frame.rim.phase, frame, target);
-    rim.add(outline, placing(target, frame.rim.scale * side, line), false, touched);
-    rim.add(outline, placing(target, frame.rim.scale * side, -line), true, touched);
+    Placing const outer = placing(target, frame.rim.scale * side, line);
+    Placing const inner = placing(target, frame.rim.scale * side, -line);
+    edges.rim.add(outline, outer, false, edges.touched);
+    edges.rim.add(outline, inner, true, edges.touched);
 }
 
 void OrbRenderer::Scratch::drawRing(
@@ -110,6 +114,26 @@ void OrbRenderer::Scratch::drawRing(
     ring.draw(contour(ripple.phase, frame, target),
         placing(target, ripple.scale * frame.size * target.scale, line),
         ripple.blur * target.scale);
+}
+
+void OrbRenderer::Scratch::paintRows(PixelTarget const& target, RippleRing const* shown)
+{
+    auto const wholeBlocks = static_cast<std::size_t>(edges.body.stride());
+    if (pixelRow.size() < wholeBlocks)
+        pixelRow.resize(wholeBlocks);
+    // A target whose rows are whole blocks takes them directly.
+    bool const direct = target.width % AreaRaster::blockSize == 0
+        && reinterpret_cast<std::uintptr_t>(target.bytes) % alignof(std::uint32_t) == 0
+        && target.stride % std::ptrdiff_t{alignof(std::uint32_t)} == 0;
+    for (int y = 0; y < target.height; ++y) {
+        std::uint8_t* const bytes = rowBytes(target, y);
+        if (direct) {
+            painter.paintRow(reinterpret_cast<std::uint32_t*>(bytes), y, edges, shown);
+            continue;
+        }
+        painter.paintRow(pixelRow.data(), y, edges, shown);
+        std::memcpy(bytes, pixelRow.data(), static_cast<std::size_t>(target.width) * 4);
+    }
 }
 
 OrbRenderer::OrbRenderer()
@@ -140,11 +164,7 @@ void OrbRenderer::render(
         s.drawRing(*frame.ripple, frame, target);
     s.painter.begin(
         grids, target.width, framePaint(frame, target, opacity), s.glow, s.shadow, s.highlight);
-    for (int y = 0; y < target.height; ++y) {
-        std::uint32_t const* const row
-            = s.painter.paintRow(y, s.body, s.rim, s.touched, frame.ripple ? &s.ring : nullptr);
-        std::memcpy(rowBytes(target, y), row, static_cast<std::size_t>(target.width) * 4);
-    }
+    s.paintRows(target, frame.ripple ? &s.ring : nullptr);
     if (frame.ripple)
         s.ring.clear();
 }

@@ -8,76 +8,73 @@ namespace velmora {
 namespace {
 
 constexpr int blockSize = AreaRaster::blockSize;
-/// Runs are written in whole blocks, which may overshoot the row.
-constexpr int overshoot = Backdrop::overshoot;
 constexpr float nothing = 1.0F / 1024;
+/// Every layer comes in these steps a level, and a weight halves them.
+constexpr float levelSteps = 1 << Backdrop::levelBits;
+constexpr int mixedBits = Backdrop::levelBits - 1;
 
-template <typename Buffer>
-void grow(Buffer& buffer, int size)
+/// Adds a layer of each pixel's own weight, in 1/32767.
+void mix(FourPixels& sum, FourPixels layer, Lanes weight)
 {
-    if (buffer.size() < static_cast<std::size_t>(size))
-        buffer.resize(static_cast<std::size_t>(size));
+    FourPixels const weights = inEachChannel(weight);
+    sum.first = sum.first + highProduct(layer.first, weights.first);
+    sum.second = sum.second + highProduct(layer.second, weights.second);
 }
 
-/// `top` over `bottom`, with `coverage` of `top`.
-Lanes over(Lanes bottom, Lanes top, Lanes coverage)
+void mix(FourPixels& sum, Numbers color, Lanes weight)
 {
-    return bottom + coverage * (top - bottom);
+    mix(sum, {.first = color, .second = color}, weight);
+}
+
+/// A level in steps, rounded down, so that no colour is ever lifted above its alpha.
+Numbers lifted(float level)
+{
+    return splatNumber(static_cast<std::int16_t>(std::floor(level * levelSteps) + levelSteps / 2));
 }
 
 } // namespace
 
-RowPainter::Channel::Channel(float a, float b, float c)
-    : first(splat(a))
-    // A stop's distance from the one before it is half of the gradient.
-    , toSecond(splat(2 * (b - a)))
-    , toThird(splat(2 * (c - b)))
+RowPainter::Flat::Flat(LevelColor const& levels, float full)
+    : color(
+        pixels(lifted(full), lifted(levels.red), lifted(levels.green), lifted(levels.blue)).first)
+    , black(pixels(lifted(full), lifted(0), lifted(0), lifted(0)).first)
 {
 }
 
 void RowPainter::begin(SoftGrids const& grids, int width, Paint const& paint, SoftPlane const& glow,
     SoftPlane const& shadow, SoftPlane const& highlight)
 {
-    m_paint = paint;
-    m_width = width;
-    m_gradientPerPixel = 1 / paint.gradientRadius;
-    auto const& stops = paint.stops;
-    m_red = {stops[0].red, stops[1].red, stops[2].red};
-    m_green = {stops[0].green, stops[1].green, stops[2].green};
-    m_blue = {stops[0].blue, stops[1].blue, stops[2].blue};
-    grow(m_gradientX2, width + 2 * blockSize);
-    grow(m_pixels, width + 2 * overshoot);
-    Lanes const perPixel = splat(m_gradientPerPixel);
-    for (int x = 0; x < width; x += blockSize) {
-        float const start = static_cast<float>(x) + 0.5F - paint.gradientX;
-        Lanes const across = (splat(start) + lanes(0, 1, 2, 3)) * perPixel;
-        store(m_gradientX2.data() + x, across * across);
-    }
-    m_backdrop.compose(
-        grids.back, glow, paint.glowOpacity, paint.glow, shadow, paint.shadowOpacity, paint.full);
+    m_rimOpacity = paint.rimOpacity;
+    m_ringOpacity = paint.ringOpacity;
+    m_rim = {paint.rim, paint.full};
+    m_light = {paint.highlight, paint.full};
+    m_ring = {paint.ring, paint.full};
+    m_gradient.begin(paint, width);
+    m_backdrop.compose(grids.back, glow, paint.glowOpacity, paint.glow, shadow, paint.shadowOpacity,
+        paint.full, width);
     m_highlight.begin(grids.light, highlight, paint.highlightOpacity, width);
     m_shadow.begin(grids.back, shadow, paint.shadowOpacity, width);
 }
 
-std::uint32_t const* RowPainter::paintRow(
-    int y, AreaRaster& body, AreaRaster& rim, BlockMap& touched, RippleRing const* ring)
+void RowPainter::paintRow(std::uint32_t* row, int y, EdgeRasters& rasters, RippleRing const* ring)
 {
-    float const down = (static_cast<float>(y) + 0.5F - m_paint.gradientY) * m_gradientPerPixel;
-    m_gradientY2 = down * down;
-    if (ring != nullptr)
-        ring->mark(y, touched);
-    m_backdrop.beginRow(y, m_width);
+    m_gradient.beginRow(y);
+    m_backdrop.beginRow(y);
     m_highlight.beginRow(y);
-    if (m_highlight.from() < m_highlight.end())
-        m_highlight.stretch(m_highlight.from(), std::min(m_highlight.end(), m_width));
-    if (ring != nullptr)
+    if (ring != nullptr) {
+        ring->mark(y, rasters.touched);
         m_shadow.beginRow(y);
-    Edges edges = {.body = body.row(y), .rim = rim.row(y), .ring = ring, .y = y};
+    }
+    Edges edges = {.pixels = row,
+        .body = rasters.body.row(y),
+        .rim = rasters.rim.row(y),
+        .ring = ring,
+        .y = y};
     // Behind the picture's blocks lies one that only takes what the last edges leave.
-    int const blocks = body.blocks() - 1;
-    std::uint8_t const* const marks = touched.row(y);
+    int const blocks = rasters.body.blocks() - 1;
+    std::uint8_t const* const marks = rasters.touched.row(y);
     for (int block = 0; block < blocks;) {
-        int const edge = touched.next(y, block, blocks);
+        int const edge = rasters.touched.next(y, block, blocks);
         paintSpan(block * blockSize, edge * blockSize, edges);
         block = edge;
         while (block < blocks && marks[block] != 0)
@@ -86,67 +83,32 @@ std::uint32_t const* RowPainter::paintRow(
     }
     store(edges.body + std::ptrdiff_t{blocks} * blockSize, splat(0));
     store(edges.rim + std::ptrdiff_t{blocks} * blockSize, splat(0));
-    touched.clearRow(y);
-    return m_pixels.data() + overshoot;
+    rasters.touched.clearRow(y);
 }
 
 /// Paints pixels that no edge touches.
 void RowPainter::paintSpan(int from, int end, Edges& edges)
 {
-    int const litFrom = std::clamp(m_highlight.from(), from, std::max(from, end));
-    int const litEnd = std::clamp(m_highlight.end(), litFrom, std::max(litFrom, end));
+    int const litFrom = std::clamp(m_highlight.from(), from, end);
+    int const litEnd = std::clamp(m_highlight.end(), litFrom, end);
     // Within a wide rim no edge need pass.
     if (std::fabs(edges.rimBefore) > nothing) {
         paintEdges(from, end, edges);
     } else if (std::fabs(edges.bodyBefore) > 0.5F) {
-        paintInside<false>(from, litFrom);
-        paintInside<true>(litFrom, litEnd);
-        paintInside<false>(litEnd, end);
+        m_gradient.paint(edges.pixels, from, litFrom);
+        m_gradient.paintLit(edges.pixels, litFrom, litEnd, m_highlight);
+        m_gradient.paint(edges.pixels, litEnd, end);
     } else {
-        m_backdrop.paint(m_pixels.data() + overshoot, from, litFrom);
+        m_backdrop.paint(edges.pixels, from, litFrom);
         paintEdges(litFrom, litEnd, edges);
-        m_backdrop.paint(m_pixels.data() + overshoot, litEnd, end);
-    }
-}
-
-inline Lanes RowPainter::gradientPosition(int x) const
-{
-    return min(squareRoot(load(m_gradientX2.data() + x) + splat(m_gradientY2)), splat(1));
-}
-
-template <bool lit>
-void RowPainter::paintInside(int from, int end)
-{
-    Lanes const half = splat(0.5F);
-    Lanes const full = splat(m_paint.full);
-    std::array<Lanes, 3> const light = {splat(m_paint.highlight.red),
-        splat(m_paint.highlight.green), splat(m_paint.highlight.blue)};
-    std::uint32_t* const out = m_pixels.data() + overshoot;
-    for (int x = from; x < end; x += blockSize) {
-        Lanes const t = gradientPosition(x);
-        Lanes const near = min(t, half);
-        Lanes const far = t - near;
-        Lanes red = m_red.at(near, far);
-        Lanes green = m_green.at(near, far);
-        Lanes blue = m_blue.at(near, far);
-        if constexpr (lit) {
-            Lanes const h = m_highlight.coverage(x);
-            red = over(red, light[0], h);
-            green = over(green, light[1], h);
-            blue = over(blue, light[2], h);
-        }
-        storePixels(out + x, full, red, green, blue);
+        m_backdrop.paint(edges.pixels, litEnd, end);
     }
 }
 
 /// Paints pixels layer by layer.
 void RowPainter::paintEdges(int from, int end, Edges& edges)
 {
-    if (from >= end)
-        return;
-    m_backdrop.widen(from, std::min(end, m_width));
     if (edges.ring != nullptr) {
-        m_shadow.stretch(from, std::min(end, m_width));
         for (int x = from; x < end; x += blockSize)
             paintEdgeBlock<true>(x, edges);
     } else {
@@ -165,43 +127,35 @@ void RowPainter::paintEdgeBlock(int x, Edges& edges)
     store(edges.rim + x, splat(0));
     edges.bodyBefore = last(bodySum);
     edges.rimBefore = last(rimSum);
-    Lanes const body = min(magnitude(bodySum), one);
-    Lanes rim = min(magnitude(rimSum), one) * splat(m_paint.rimOpacity);
-    bool const lit = x >= m_highlight.from() && x < m_highlight.end();
-    Lanes const light = lit ? m_highlight.coverage(x) : splat(0);
-    // What each layer contributes, seen through all above it.
-    Lanes through = one - light;
-    rim = rim * through;
-    through = through - rim;
-    Lanes const filled = body * through;
-    through = through - filled;
-    Lanes ring = splat(0);
-    Lanes ringColor = splat(0);
-    if constexpr (ringed) {
-        ring = edges.ring->coverage(edges.y, x) * splat(m_paint.ringOpacity) * through;
-        ringColor = ring - ring * m_shadow.coverage(x);
-        through = through - ring;
+    // What each layer weighs, seen through all above it.
+    Lanes through = splat(CellRow::whole);
+    FourPixels sum = {};
+    if (x >= m_highlight.from() && x < m_highlight.end()) {
+        Lanes const light = firstLanes(m_highlight.coverage(x));
+        mix(sum, m_light.color, light);
+        through = through - light;
     }
-    Lanes const behind = through * splat(1 / Backdrop::levelSteps);
-    Lanes const t = gradientPosition(x);
-    Lanes const near = min(t, splat(0.5F));
-    Lanes const far = t - near;
-    ChannelLanes const back = m_backdrop.channels(x);
-    auto const sum
-        = [&](Lanes soft, Lanes inside, float rimLevel, float lightLevel, float ringLevel) {
-              Lanes value = soft * behind + inside * filled + splat(rimLevel) * rim;
-              if (lit)
-                  value = value + splat(lightLevel) * light;
-              if constexpr (ringed)
-                  value = value + splat(ringLevel) * ringColor;
-              return value;
-          };
-    Paint const& p = m_paint;
-    storePixels(m_pixels.data() + overshoot + x,
-        back.alpha * behind + splat(p.full) * (filled + rim + light + ring),
-        sum(back.red, m_red.at(near, far), p.rim.red, p.highlight.red, p.ring.red),
-        sum(back.green, m_green.at(near, far), p.rim.green, p.highlight.green, p.ring.green),
-        sum(back.blue, m_blue.at(near, far), p.rim.blue, p.highlight.blue, p.ring.blue));
+    Lanes const rim = min(magnitude(rimSum), one) * splat(m_rimOpacity) * through;
+    through = through - rim;
+    mix(sum, m_rim.color, rim);
+    Lanes const filled = min(magnitude(bodySum), one) * through;
+    through = through - filled;
+    BodyGradient::Colors const inside = m_gradient.colors(x);
+    mix(sum,
+        pixels(splatNumber(static_cast<std::int16_t>(m_gradient.alpha() * 4)),
+            timesFour(inside.red), timesFour(inside.green), timesFour(inside.blue)),
+        filled);
+    if constexpr (ringed) {
+        Lanes const ring = edges.ring->coverage(edges.y, x) * splat(m_ringOpacity) * through;
+        through = through - ring;
+        Lanes shaded = splat(0);
+        if (x >= m_shadow.from() && x < m_shadow.end())
+            shaded = ring * firstLanes(m_shadow.coverage(x)) * splat(1 / CellRow::whole);
+        mix(sum, m_ring.color, ring - shaded);
+        mix(sum, m_ring.black, shaded);
+    }
+    mix(sum, m_backdrop.channels(x), through);
+    storePixels<mixedBits>(edges.pixels + x, sum);
 }
 
 } // namespace velmora
