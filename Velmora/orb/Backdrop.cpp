@@ -84,8 +84,16 @@ void Backdrop::widen(int row)
 
 void Backdrop::paint(std::uint32_t* row, int from, int end) const
 {
-    for (int x = from; x < end; x += blockSize)
-        storePixels<levelBits>(row + x, channels(x));
+    // Writing pixels may change any number for all that the compiler knows: these stay.
+    std::int16_t const* const middle = m_middle.data() + std::ptrdiff_t{4} * overshoot;
+    std::int16_t const* const step = m_step.data() + std::ptrdiff_t{4} * overshoot;
+    Numbers const down = m_down;
+    for (int x = from; x < end; x += blockSize) {
+        std::ptrdiff_t const at = std::ptrdiff_t{4} * x;
+        storePixels<levelBits>(row + x,
+            {.first = load(middle + at) + highProduct(load(step + at), down),
+                .second = load(middle + at + 8) + highProduct(load(step + at + 8), down)});
+    }
 }
 
 } // namespace velmora

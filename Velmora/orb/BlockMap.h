@@ -4,7 +4,6 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <vector>
 
 namespace velmora {
@@ -20,46 +19,66 @@ public:
         // Maps of cells change by a row or two from frame to frame: room for those at once.
         auto const words = static_cast<std::size_t>(m_words);
         auto const height = static_cast<std::size_t>(rows);
-        if (m_marks.size() < words * height * perWord)
-            m_marks.resize((words + 1) * (height + 3) * perWord);
+        if (m_marks.size() < words * height)
+            m_marks.resize((words + 1) * (height + 3));
     }
 
     /// The marks of a row: not zero for a touched block.
-    [[nodiscard]] std::uint8_t* row(int y) { return m_marks.data() + offset(y); }
-    [[nodiscard]] std::uint8_t const* row(int y) const { return m_marks.data() + offset(y); }
+    [[nodiscard]] std::uint8_t* row(int y) { return reinterpret_cast<std::uint8_t*>(words(y)); }
 
     /// The first touched block of row `y` from `from` on, or `limit`.
     [[nodiscard]] int next(int y, int from, int limit) const
     {
-        std::uint8_t const* const marks = row(y);
+        std::uint64_t const* const marks = m_marks.data() + offset(y);
+        unsigned skipped = static_cast<unsigned>(from % perWord);
         for (int word = from / perWord; word * perWord < limit; ++word) {
-            std::uint64_t bits = 0;
-            std::memcpy(&bits, marks + std::ptrdiff_t{word} * perWord, sizeof bits);
-            if (word == from / perWord)
-                bits = fromByte(bits, static_cast<unsigned>(from % perWord));
+            std::uint64_t const bits = fromByte(marks[word], skipped);
             if (bits != 0)
                 return std::min(word * perWord + firstByte(bits), limit);
+            skipped = 0;
         }
         return limit;
+    }
+
+    /// Calls `visit` with each touched block of row `y`.
+    template <typename Visit>
+    void each(int y, Visit const& visit) const
+    {
+        std::uint64_t const* const marks = m_marks.data() + offset(y);
+        for (int word = 0; word < m_words; ++word) {
+            for (std::uint64_t bits = marks[word]; bits != 0;) {
+                int const byte = firstByte(bits);
+                bits &= ~(std::uint64_t{255} << shift(byte));
+                visit(word * perWord + byte);
+            }
+        }
     }
 
     /// Adds the marks of a row of a map as wide as this.
     void add(int y, BlockMap const& other, int otherY)
     {
-        std::uint8_t* const to = row(y);
-        std::uint8_t const* const from = other.row(otherY);
-        for (int i = 0; i < m_words * perWord; ++i)
-            to[i] = static_cast<std::uint8_t>(to[i] | from[i]);
+        std::uint64_t* const to = words(y);
+        std::uint64_t const* const from = other.m_marks.data() + other.offset(otherY);
+        for (int i = 0; i < m_words; ++i)
+            to[i] |= from[i];
     }
 
-    void clearRow(int y) { std::memset(row(y), 0, static_cast<std::size_t>(m_words) * perWord); }
+    void clearRow(int y) { std::fill_n(words(y), m_words, std::uint64_t{0}); }
 
 private:
     static constexpr int perWord = 8;
 
     [[nodiscard]] std::size_t offset(int y) const
     {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_words) * perWord;
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_words);
+    }
+    [[nodiscard]] std::uint64_t* words(int y) { return m_marks.data() + offset(y); }
+
+    /// By how much a byte of a row lies shifted in its word.
+    static unsigned shift(int byte)
+    {
+        bool const little = std::endian::native == std::endian::little;
+        return static_cast<unsigned>(little ? byte : perWord - 1 - byte) * 8U;
     }
 
     static std::uint64_t fromByte(std::uint64_t bits, unsigned byte)
@@ -78,7 +97,7 @@ private:
             return std::countl_zero(bits) / 8;
     }
 
-    std::vector<std::uint8_t> m_marks;
+    std::vector<std::uint64_t> m_marks;
     int m_words = 0;
 };
 

@@ -39,9 +39,9 @@ void BodyGradient::begin(Paint const& paint, int width)
     m_centerY = paint.gradientY;
     m_perPixel = length / paint.gradientRadius;
     auto const& stops = paint.stops;
-    m_red = {stops[0].red, stops[1].red, stops[2].red};
-    m_green = {stops[0].green, stops[1].green, stops[2].green};
-    m_blue = {stops[0].blue, stops[1].blue, stops[2].blue};
+    m_row.red = {stops[0].red, stops[1].red, stops[2].red};
+    m_row.green = {stops[0].green, stops[1].green, stops[2].green};
+    m_row.blue = {stops[0].blue, stops[1].blue, stops[2].blue};
     auto const lifted = [](float level) {
         return splatNumber(static_cast<std::int16_t>(steps(level) + halfLevel));
     };
@@ -61,30 +61,36 @@ void BodyGradient::begin(Paint const& paint, int width)
 
 void BodyGradient::beginRow(int y)
 {
-    m_down = splat(squared((static_cast<float>(y) + 0.5F - m_centerY) * m_perPixel));
+    m_row.down = splat(squared((static_cast<float>(y) + 0.5F - m_centerY) * m_perPixel));
 }
 
 void BodyGradient::paint(std::uint32_t* row, int from, int end) const
 {
+    // Writing pixels may change any number for all that the compiler knows: these stay.
+    Row const here = m_row;
+    float const* const across = m_across.data();
     auto const alpha = static_cast<std::int16_t>(m_alpha >> levelBits);
     for (int x = from; x < end; x += 8) {
-        Colors const c = colors(x);
+        Colors const c = here.colors(across + x);
         storePixels<levelBits>(row + x, end - x, alpha, c.red, c.green, c.blue);
     }
 }
 
 void BodyGradient::paintLit(std::uint32_t* row, int from, int end, CellRow const& highlight) const
 {
+    Row const here = m_row;
+    Colors const light = m_light;
+    float const* const across = m_across.data();
     auto const alpha = static_cast<std::int16_t>(m_alpha >> levelBits);
     for (int x = from; x < end; x += 8) {
-        Colors const c = colors(x);
+        Colors const c = here.colors(across + x);
         Numbers const coverage = highlight.coverage(x);
         // A coverage is half of what it would be in 65536ths.
-        auto const lit = [&](Numbers color, Numbers light) {
-            return color + highProduct(light - color + light - color, coverage);
+        auto const lit = [coverage](Numbers color, Numbers above) {
+            return color + highProduct(above - color + above - color, coverage);
         };
-        storePixels<levelBits>(row + x, end - x, alpha, lit(c.red, m_light.red),
-            lit(c.green, m_light.green), lit(c.blue, m_light.blue));
+        storePixels<levelBits>(row + x, end - x, alpha, lit(c.red, light.red),
+            lit(c.green, light.green), lit(c.blue, light.blue));
     }
 }
 

@@ -35,7 +35,7 @@ public:
     void paintLit(std::uint32_t* row, int from, int end, CellRow const& highlight) const;
 
     /// The eight pixels from `x`; no colour is greater than `alpha()`.
-    [[nodiscard]] Colors colors(int x) const;
+    [[nodiscard]] Colors colors(int x) const { return m_row.colors(m_across.data() + x); }
 
     /// The level of the body's alpha, in the same steps.
     [[nodiscard]] std::int16_t alpha() const { return m_alpha; }
@@ -54,30 +54,36 @@ private:
         Channel(float a, float b, float c);
     };
 
+    /// What a row of pixels is worked out from.
+    struct Row {
+        Lanes down = {};
+        Channel red;
+        Channel green;
+        Channel blue;
+
+        [[nodiscard]] Colors colors(float const* across) const;
+    };
+
     float m_centerY = 0;
     float m_perPixel = 1;
-    Lanes m_down = {};
     std::int16_t m_alpha = 0;
-    Channel m_red;
-    Channel m_green;
-    Channel m_blue;
+    Row m_row;
     Colors m_light = {};
     /// Each column's share of the squared distance to the gradient's centre.
     std::vector<float> m_across;
 };
 
-inline BodyGradient::Colors BodyGradient::colors(int x) const
+inline BodyGradient::Colors BodyGradient::Row::colors(float const* across) const
 {
-    float const* const across = m_across.data() + x;
     Numbers const place
-        = numbers(squareRoot(load(across) + m_down), squareRoot(load(across + 4) + m_down));
+        = numbers(squareRoot(load(across) + down), squareRoot(load(across + 4) + down));
     Numbers const near = min(place, splatNumber(secondStop));
     Numbers const far = place - near;
     auto const at = [&](Channel const& channel) {
         return channel.first + highProduct(channel.toSecond, near)
             + highProduct(channel.toThird, far);
     };
-    return {.red = at(m_red), .green = at(m_green), .blue = at(m_blue)};
+    return {.red = at(red), .green = at(green), .blue = at(blue)};
 }
 
 } // namespace velmora

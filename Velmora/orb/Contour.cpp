@@ -79,4 +79,13 @@ void Contour::fit(double phase, double side)
     }
 }
 
+float Contour::support() const
+{
+    Vertices const& v = m_vertices;
+    float nearest = m_reach;
+    for (std::size_t i = 0; i < m_count; ++i)
+        nearest = std::min(nearest, v.x[i] * v.normalX[i] + v.y[i] * v.normalY[i]);
+    return nearest;
+}
+
 } // namespace velmora

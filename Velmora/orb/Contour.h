@@ -29,6 +29,9 @@ public:
     /// The farthest that a vertex lies from the centre along either axis.
     [[nodiscard]] float reach() const { return m_reach; }
 
+    /// How far the nearest of the tangents lies from the centre; may be negative.
+    [[nodiscard]] float support() const;
+
 private:
     Vertices m_vertices = {};
     std::size_t m_count = 0;

@@ -10,6 +10,12 @@
 #include <vector>
 
 namespace velmora {
+namespace {
+
+/// The outline bends, so that two sizes of it come a little closer than their tangents.
+constexpr double straightShare = 0.8;
+
+} // namespace
 
 struct OrbRenderer::Scratch {
     Contour glowContour;
@@ -27,8 +33,9 @@ struct OrbRenderer::Scratch {
 
     SoftGrids drawSoftLayers(OrbFrame const& frame, PixelTarget const& target);
     void drawEdges(OrbFrame const& frame, PixelTarget const& target);
-    void paintRows(PixelTarget const& target, RippleRing const* shown);
-    void drawRing(RippleLayer const& ripple, OrbFrame const& frame, PixelTarget const& target);
+    void paintRows(PixelTarget const& target, RippleRing* shown);
+    /// Whether there is anything to be seen of it.
+    bool drawRing(RippleLayer const& ripple, OrbFrame const& frame, PixelTarget const& target);
     Contour const& contour(double phase, OrbFrame const& frame, PixelTarget const& target);
 };
 
@@ -107,16 +114,25 @@ void OrbRenderer::Scratch::drawEdges(OrbFrame const& frame, PixelTarget const& t
     edges.rim.add(outline, inner, true, edges.touched);
 }
 
-void OrbRenderer::Scratch::drawRing(
+bool OrbRenderer::Scratch::drawRing(
     RippleLayer const& ripple, OrbFrame const& frame, PixelTarget const& target)
 {
     double const line = ripple.lineWidth * ripple.scale * target.scale;
-    ring.draw(contour(ripple.phase, frame, target),
-        placing(target, ripple.scale * frame.size * target.scale, line),
-        ripple.blur * target.scale);
+    double const blur = ripple.blur * target.scale;
+    double const side = frame.size * target.scale;
+    // In a breath the body swells ahead of the ring, whose outline it shares: most of the time it
+    // hides all of it.
+    double const ahead = bodyContour.support() * (frame.body.scale - ripple.scale) * side;
+    bool const hidden = ripple.phase == frame.body.phase && ripple.scale > 0
+        && ahead * straightShare > std::fabs(line) / 2 + RippleRing::reach(blur);
+    if (hidden)
+        return false;
+    ring.draw(
+        contour(ripple.phase, frame, target), placing(target, ripple.scale * side, line), blur);
+    return true;
 }
 
-void OrbRenderer::Scratch::paintRows(PixelTarget const& target, RippleRing const* shown)
+void OrbRenderer::Scratch::paintRows(PixelTarget const& target, RippleRing* shown)
 {
     auto const wholeBlocks = static_cast<std::size_t>(edges.body.stride());
     if (pixelRow.size() < wholeBlocks)
@@ -160,12 +176,11 @@ void OrbRenderer::render(
     SoftGrids const grids = s.drawSoftLayers(frame, target);
     s.drawEdges(frame, target);
     s.ring.resize(target.width, target.height);
-    if (frame.ripple)
-        s.drawRing(*frame.ripple, frame, target);
+    bool const ringed = frame.ripple && s.drawRing(*frame.ripple, frame, target);
     s.painter.begin(
         grids, target.width, framePaint(frame, target, opacity), s.glow, s.shadow, s.highlight);
-    s.paintRows(target, frame.ripple ? &s.ring : nullptr);
-    if (frame.ripple)
+    s.paintRows(target, ringed ? &s.ring : nullptr);
+    if (ringed)
         s.ring.clear();
 }
 

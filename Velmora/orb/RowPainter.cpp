@@ -56,20 +56,17 @@ void RowPainter::begin(SoftGrids const& grids, int width, Paint const& paint, So
     m_shadow.begin(grids.back, shadow, paint.shadowOpacity, width);
 }
 
-void RowPainter::paintRow(std::uint32_t* row, int y, EdgeRasters& rasters, RippleRing const* ring)
+void RowPainter::paintRow(std::uint32_t* row, int y, EdgeRasters& rasters, RippleRing* ring)
 {
     m_gradient.beginRow(y);
     m_backdrop.beginRow(y);
     m_highlight.beginRow(y);
     if (ring != nullptr) {
-        ring->mark(y, rasters.touched);
+        ring->beginRow(y);
         m_shadow.beginRow(y);
     }
-    Edges edges = {.pixels = row,
-        .body = rasters.body.row(y),
-        .rim = rasters.rim.row(y),
-        .ring = ring,
-        .y = y};
+    Edges edges
+        = {.pixels = row, .body = rasters.body.row(y), .rim = rasters.rim.row(y), .ring = ring};
     // Behind the picture's blocks lies one that only takes what the last edges leave.
     int const blocks = rasters.body.blocks() - 1;
     std::uint8_t const* const marks = rasters.touched.row(y);
@@ -99,22 +96,57 @@ void RowPainter::paintSpan(int from, int end, Edges& edges)
         m_gradient.paintLit(edges.pixels, litFrom, litEnd, m_highlight);
         m_gradient.paint(edges.pixels, litEnd, end);
     } else {
-        m_backdrop.paint(edges.pixels, from, litFrom);
+        paintOutside(from, litFrom, edges);
         paintEdges(litFrom, litEnd, edges);
-        m_backdrop.paint(edges.pixels, litEnd, end);
+        paintOutside(litEnd, end, edges);
     }
+}
+
+/// Paints pixels beyond the body and the highlight.
+void RowPainter::paintOutside(int from, int end, Edges& edges)
+{
+    int x = from;
+    while (edges.ring != nullptr && x < end) {
+        int const next = edges.ring->nextBlock(x / blockSize, end / blockSize) * blockSize;
+        m_backdrop.paint(edges.pixels, x, next);
+        for (x = next; x < end && edges.ring->shows(x / blockSize); x += blockSize)
+            paintRing(x, edges);
+    }
+    m_backdrop.paint(edges.pixels, x, end);
 }
 
 /// Paints pixels layer by layer.
 void RowPainter::paintEdges(int from, int end, Edges& edges)
 {
-    if (edges.ring != nullptr) {
-        for (int x = from; x < end; x += blockSize)
+    for (int x = from; x < end; x += blockSize) {
+        if (edges.ring != nullptr && edges.ring->shows(x / blockSize))
             paintEdgeBlock<true>(x, edges);
-    } else {
-        for (int x = from; x < end; x += blockSize)
+        else
             paintEdgeBlock<false>(x, edges);
     }
+}
+
+/// Adds the ring under the shadow, seen through what is above it; what is below is seen through
+/// the result.
+inline Lanes RowPainter::mixRing(
+    FourPixels& sum, Lanes through, int x, RippleRing const& ring) const
+{
+    Lanes const weight = ring.coverage(x) * splat(m_ringOpacity) * through;
+    Lanes shaded = splat(0);
+    if (x >= m_shadow.from() && x < m_shadow.end())
+        shaded = weight * firstLanes(m_shadow.coverage(x)) * splat(1 / CellRow::whole);
+    mix(sum, m_ring.color, weight - shaded);
+    mix(sum, m_ring.black, shaded);
+    return through - weight;
+}
+
+/// Paints a block of the ring where nothing but the soft layers is near.
+void RowPainter::paintRing(int x, Edges const& edges)
+{
+    FourPixels sum = {};
+    Lanes const through = mixRing(sum, splat(CellRow::whole), x, *edges.ring);
+    mix(sum, m_backdrop.channels(x), through);
+    storePixels<mixedBits>(edges.pixels + x, sum);
 }
 
 template <bool ringed>
@@ -145,15 +177,8 @@ void RowPainter::paintEdgeBlock(int x, Edges& edges)
         pixels(splatNumber(static_cast<std::int16_t>(m_gradient.alpha() * 4)),
             timesFour(inside.red), timesFour(inside.green), timesFour(inside.blue)),
         filled);
-    if constexpr (ringed) {
-        Lanes const ring = edges.ring->coverage(edges.y, x) * splat(m_ringOpacity) * through;
-        through = through - ring;
-        Lanes shaded = splat(0);
-        if (x >= m_shadow.from() && x < m_shadow.end())
-            shaded = ring * firstLanes(m_shadow.coverage(x)) * splat(1 / CellRow::whole);
-        mix(sum, m_ring.color, ring - shaded);
-        mix(sum, m_ring.black, shaded);
-    }
+    if constexpr (ringed)
+        through = mixRing(sum, through, x, *edges.ring);
     mix(sum, m_backdrop.channels(x), through);
     storePixels<mixedBits>(edges.pixels + x, sum);
 }

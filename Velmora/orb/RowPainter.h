@@ -38,7 +38,7 @@ public:
 
     /// Writes the pixels of row `y` in whole blocks, and clears the rasters' row; `ring` may be
     /// null.
-    void paintRow(std::uint32_t* row, int y, EdgeRasters& edges, RippleRing const* ring);
+    void paintRow(std::uint32_t* row, int y, EdgeRasters& edges, RippleRing* ring);
 
 private:
     /// A row's edges: differences of coverage, and what they have summed up to so far.
@@ -47,7 +47,6 @@ private:
         float* body = nullptr;
         float* rim = nullptr;
         RippleRing const* ring = nullptr;
-        int y = 0;
         float bodyBefore = 0;
         float rimBefore = 0;
     };
@@ -63,7 +62,10 @@ private:
     };
 
     void paintSpan(int from, int end, Edges& edges);
+    void paintOutside(int from, int end, Edges& edges);
     void paintEdges(int from, int end, Edges& edges);
+    Lanes mixRing(FourPixels& sum, Lanes through, int x, RippleRing const& ring) const;
+    void paintRing(int x, Edges const& edges);
     template <bool ringed>
     void paintEdgeBlock(int x, Edges& edges);
 

@@ -51,9 +51,10 @@ void BlurKernel::fit(double variance)
     if (!(variance > 0))
         return;
     if (variance < 0.7) {
-        // Too narrow to be sampled: these five weights have the variance and the fourth moment.
-        radius = 2;
+        // Too narrow to be sampled: these five weights have the variance and, as far as none is
+        // negative, the fourth moment.
         double const outer = std::max((3 * variance * variance - variance) / 24, 0.0);
+        radius = outer > 0 ? 2 : 1;
         double const inner = variance / 2 - 4 * outer;
         weights[0] = static_cast<float>(1 - 2 * (inner + outer));
         weights[1] = static_cast<float>(inner);
