@@ -1,7 +1,6 @@
 #include "Velmora/orb/AreaRaster.h"
 
 #include <algorithm>
-#include <array>
 
 namespace velmora {
 namespace {
@@ -31,8 +30,8 @@ void AreaRaster::resize(int columns, int rows)
 void AreaRaster::add(
     Contour const& contour, Placing const& placing, bool subtract, BlockMap& touched)
 {
-    std::array<float, Contour::maximumVertices + 1> x;
-    std::array<float, Contour::maximumVertices + 1> y;
+    auto& x = m_x;
+    auto& y = m_y;
     std::size_t const count = contour.count();
     Contour::Vertices const& vertices = contour.vertices();
     for (std::size_t i = 0; i < count; ++i)
@@ -76,32 +75,33 @@ void AreaRaster::addRun(Run const& run, float sign, BlockMap& touched)
         x -= (run.x[i * run.step] - x) * (y / (run.y[i * run.step] - y));
         y = 0;
     }
-    int row = static_cast<int>(y);
-    m_firstRow = std::min(m_firstRow, row);
+    Pen pen = {.x = x, .y = y, .row = static_cast<int>(y)};
+    m_firstRow = std::min(m_firstRow, pen.row);
     m_endRow = std::max(m_endRow, static_cast<int>(std::min(bottom, height - 1)) + 1);
-    for (; i <= run.last; ++i) {
-        float const toX = run.x[i * run.step];
-        float const toY = run.y[i * run.step];
-        auto edge = static_cast<float>(row + 1);
-        if (toY >= edge) {
-            // Here `edge` is greater than `y`, so that the slope is a number.
-            float const slope = (toX - x) / (toY - y);
-            float const atEdge = x + slope * (edge - y);
-            addPiece(row, x, atEdge, sign * (edge - y), touched);
-            x = atEdge;
-            for (++row, edge += 1; toY >= edge && row < m_rows; ++row, edge += 1) {
-                addPiece(row, x, x + slope, sign, touched);
-                x += slope;
-            }
-            if (row == m_rows)
-                return;
-            y = edge - 1;
+    for (; i <= run.last && pen.row < m_rows; ++i)
+        lineTo(pen, run.x[i * run.step], run.y[i * run.step], sign, touched);
+}
+
+/// Moves the pen down to a vertex, piece by piece.
+inline void AreaRaster::lineTo(Pen& pen, float toX, float toY, float sign, BlockMap& touched)
+{
+    auto edge = static_cast<float>(pen.row + 1);
+    if (toY >= edge) {
+        // Here `edge` is greater than the pen's `y`, so that the slope is a number.
+        float const slope = (toX - pen.x) / (toY - pen.y);
+        float x = pen.x + slope * (edge - pen.y);
+        addPiece(pen.row, pen.x, x, sign * (edge - pen.y), touched);
+        int row = pen.row + 1;
+        for (edge += 1; toY >= edge && row < m_rows; edge += 1, ++row) {
+            addPiece(row, x, x + slope, sign, touched);
+            x += slope;
         }
-        if (toY > y)
-            addPiece(row, x, toX, sign * (toY - y), touched);
-        x = toX;
-        y = toY;
+        pen = {.x = x, .y = edge - 1, .row = row};
     }
+    if (toY > pen.y && pen.row < m_rows)
+        addPiece(pen.row, pen.x, toX, sign * (toY - pen.y), touched);
+    pen.x = toX;
+    pen.y = toY;
 }
 
 inline void AreaRaster::addPiece(int y, float from, float to, float height, BlockMap& touched)

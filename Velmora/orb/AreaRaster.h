@@ -3,6 +3,7 @@
 #include "Velmora/orb/BlockMap.h"
 #include "Velmora/orb/Contour.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -61,12 +62,23 @@ private:
         std::ptrdiff_t last;
     };
 
+    /// Where a run has got to.
+    struct Pen {
+        float x;
+        float y;
+        int row;
+    };
+
     void addRun(Run const& run, float sign, BlockMap& touched);
+    void lineTo(Pen& pen, float toX, float toY, float sign, BlockMap& touched);
     void addPiece(int y, float from, float to, float height, BlockMap& touched);
     void addClipped(int y, float left, float right, float height, BlockMap& touched);
     static void addAcross(float* cells, float left, float right, float height);
 
     std::vector<float> m_differences;
+    /// A contour's vertices where it lies, the first once more at the end.
+    std::array<float, Contour::maximumVertices + 1> m_x = {};
+    std::array<float, Contour::maximumVertices + 1> m_y = {};
     int m_columns = 0;
     int m_rows = 0;
     int m_stride = 0;

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] int next(int y, int from, int limit) const
     {
         std::uint64_t const* const marks = m_marks.data() + offset(y);
-        unsigned skipped = static_cast<unsigned>(from % perWord);
+        auto skipped = static_cast<unsigned>(from % perWord);
         for (int word = from / perWord; word * perWord < limit; ++word) {
             std::uint64_t const bits = fromByte(marks[word], skipped);
             if (bits != 0)

@@ -65,8 +65,8 @@ void RowPainter::paintRow(std::uint32_t* row, int y, EdgeRasters& rasters, Rippl
         ring->beginRow(y);
         m_shadow.beginRow(y);
     }
-    Edges edges
-        = {.pixels = row, .body = rasters.body.row(y), .rim = rasters.rim.row(y), .ring = ring};
+    Edges edges = {.body = rasters.body.row(y), .rim = rasters.rim.row(y), .ring = ring};
+    edges.pixels = row;
     // Behind the picture's blocks lies one that only takes what the last edges leave.
     int const blocks = rasters.body.blocks() - 1;
     std::uint8_t const* const marks = rasters.touched.row(y);

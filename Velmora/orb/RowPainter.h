@@ -38,7 +38,7 @@ public:
 
     /// Writes the pixels of row `y` in whole blocks, and clears the rasters' row; `ring` may be
     /// null.
-    void paintRow(std::uint32_t* row, int y, EdgeRasters& edges, RippleRing* ring);
+    void paintRow(std::uint32_t* row, int y, EdgeRasters& rasters, RippleRing* ring);
 
 private:
     /// A row's edges: differences of coverage, and what they have summed up to so far.

@@ -1,22 +1,36 @@
+#include "bench/orb/OrbCases.h"
+
 #include "tests/orb/CountedAllocations.h"
 #include "tests/orb/ReferenceRenderer.h"
-
-#include "Velmora/orb/OrbRenderer.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
-#include <cstdint>
+#include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <map>
 #include <string>
-#include <vector>
 
 namespace velmora {
 namespace {
 
-constexpr double now = 800000002.25;
+/// How many instructions a frame of each case takes, counted beforehand: a line for each, in the
+/// file that the environment names.
+std::map<std::string, double> countedInstructions()
+{
+    std::map<std::string, double> counts;
+    char const* const path = std::getenv("VELMORA_ORB_INSTRUCTIONS");
+    if (path == nullptr)
+        return counts;
+    std::ifstream file(path);
+    std::string name;
+    double count = 0;
+    while (file >> name >> count)
+        counts[name] = count;
+    return counts;
+}
 
 /// The quickest of all rounds, which other programs have disturbed the least.
 double microsecondsOf(int rounds, auto const& work)
@@ -32,54 +46,41 @@ double microsecondsOf(int rounds, auto const& work)
     return quickest;
 }
 
-void drawFrames(benchmark::State& run, OrbState state, double size, double scale)
+void drawFrames(benchmark::State& run, OrbCase const& one)
 {
-    state.widgetSize = size;
-    int const side = static_cast<int>(std::lround(size * scale));
-    std::vector<std::uint32_t> pixels(
-        static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
-    PixelTarget const target = {.bytes = reinterpret_cast<std::uint8_t*>(pixels.data()),
-        .width = side,
-        .height = side,
-        .stride = std::ptrdiff_t{4} * side,
-        .scale = scale};
+    OrbPicture picture(one.side());
+    PixelTarget const target = picture.target(one.scale);
     OrbRenderer renderer;
-    OrbFrame const frame = orbFrame(state, now);
+    OrbFrame const frame = orbFrame(one.state, one.seconds);
     renderer.render(frame, target);
     long const before = allocationCount();
     for (auto _ : run)
         renderer.render(frame, target);
     run.counters["allocations"] = static_cast<double>(allocationCount() - before);
-    double const one = microsecondsOf(50, [&] { renderer.render(frame, target); });
+    double const quick = microsecondsOf(50, [&] { renderer.render(frame, target); });
     double const fill = microsecondsOf(200, [&] {
-        std::memset(pixels.data(), 1, pixels.size() * 4);
+        std::memset(picture.pixels.data(), 1, picture.pixels.size() * 4);
         benchmark::ClobberMemory();
     });
-    double const slow = microsecondsOf(
-        1, [&] { benchmark::DoNotOptimize(referencePicture(frame, side, side, scale)); });
-    run.counters["x_memset"] = one / fill;
-    run.counters["x_reference"] = one / slow;
+    double const slow = microsecondsOf(1, [&] {
+        benchmark::DoNotOptimize(referencePicture(frame, picture.side, picture.side, one.scale));
+    });
+    run.counters["x_memset"] = quick / fill;
+    run.counters["x_reference"] = quick / slow;
 }
 
 void registerAll()
 {
-    struct Look {
-        char const* name;
-        OrbState state;
-    };
-    Look const looks[] = {{"idle", {}}, {"reminding", {.isReminding = true}},
-        {"paused", {.paused = true}}, {"still", {.reduceMotion = true}}};
-    for (Look const& look : looks) {
-        for (double size : {72.0, 128.0, 316.0}) {
-            for (double scale : {1.0, 1.25, 1.5, 2.0}) {
-                std::string const name = std::string(look.name) + "/"
-                    + std::to_string(static_cast<int>(size)) + "@"
-                    + std::to_string(std::lround(scale * 100)) + "%";
-                benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& run) {
-                    drawFrames(run, look.state, size, scale);
-                })->Unit(benchmark::kMicrosecond);
-            }
-        }
+    std::map<std::string, double> const counts = countedInstructions();
+    for (OrbCase const& one : orbCases()) {
+        auto const count = counts.find(one.name);
+        double const instructions = count == counts.end() ? 0 : count->second;
+        auto const draw = [one, instructions](benchmark::State& run) {
+            drawFrames(run, one);
+            if (instructions > 0)
+                run.counters["instructions"] = instructions;
+        };
+        benchmark::RegisterBenchmark(one.name.c_str(), draw)->Unit(benchmark::kMicrosecond);
     }
 }
 

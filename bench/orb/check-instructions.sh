@@ -5,21 +5,13 @@
 set -eu
 
 program=$1
-figures=$(dirname "$0")/instructions.txt
-
-count() {
-    valgrind --tool=callgrind --callgrind-out-file=/dev/null "$program" "$1" "$2" 2>&1 |
-        sed -n 's/.*Collected : //p'
-}
+here=$(dirname "$0")
 
 status=0
-while read -r name look committed; do
-    # The difference of two runs leaves the program's own start out.
-    few=$(count 10 "$look")
-    many=$(count 30 "$look")
-    measured=$(((many - few) / 20))
+while read -r name committed; do
+    measured=$(sh "$here/count-instructions.sh" "$program" "$name")
     limit=$((committed + committed / 20))
     echo "$name: $measured instructions a frame, committed $committed, limit $limit"
     [ "$measured" -gt 0 ] && [ "$measured" -le "$limit" ] || status=1
-done <"$figures"
+done <"$here/instructions.txt"
 exit $status
