@@ -24,6 +24,27 @@ TEST(Palette, ChoosesTheFirstRowThatMatches)
     EXPECT_EQ(colors({.inActiveHours = false}).glow, (OrbColor{0.50, 0.58, 0.70}));
 }
 
+TEST(Palette, EveryRowHasItsFiveColours)
+{
+    auto const expect = [](OrbState const& state, OrbColor inner, OrbColor mid, OrbColor outer,
+                            OrbColor glow, OrbColor warm) {
+        Palette const palette = colors(state);
+        EXPECT_EQ(palette.inner, inner);
+        EXPECT_EQ(palette.mid, mid);
+        EXPECT_EQ(palette.outer, outer);
+        EXPECT_EQ(palette.glow, glow);
+        EXPECT_EQ(palette.warm, warm);
+    };
+    expect({.paused = true}, {0.62, 0.66, 0.64}, {0.48, 0.54, 0.52}, {0.36, 0.42, 0.40},
+        {0.70, 0.74, 0.72}, {0.78, 0.76, 0.70});
+    expect({.isReminding = true}, {0.98, 0.90, 0.72}, {0.86, 0.62, 0.48}, {0.72, 0.42, 0.40},
+        {1.00, 0.78, 0.55}, {1.00, 0.86, 0.62});
+    expect({}, {0.90, 0.97, 0.90}, {0.42, 0.74, 0.58}, {0.18, 0.52, 0.46}, {0.55, 0.88, 0.70},
+        {0.95, 0.86, 0.55});
+    expect({.inActiveHours = false}, {0.55, 0.62, 0.70}, {0.38, 0.46, 0.56}, {0.26, 0.32, 0.42},
+        {0.50, 0.58, 0.70}, {0.70, 0.78, 0.88});
+}
+
 TEST(OrbFrame, AnIdleOrbHasEveryLayerInItsPlace)
 {
     OrbFrame const frame = orbFrame({.widgetSize = 200}, 10.5 * 5 + 4.5);

@@ -95,18 +95,28 @@ TEST(OrbTransitions, APauseInTheMiddleOfAReminderSetsOffFromWhereTheFadeStands)
     EXPECT_FALSE(transitions.settled());
 }
 
+double ringOpacity(OrbFrame const& frame)
+{
+    return frame.ripple ? frame.ripple->opacity : 0;
+}
+
 TEST(OrbTransitions, NothingJumpsHoweverOftenTheStateChanges)
 {
     OrbTransitions transitions;
-    OrbFrame last = transitions.frame(idle, start);
+    // Outside of the active hours a pause changes the stack's opacity as well.
+    OrbFrame last = transitions.frame({.inActiveHours = false}, start);
     constexpr double step = 1.0 / 480;
     OrbState const states[] = {reminding, {.paused = true, .isReminding = true}, paused, idle};
     for (int i = 1; i < 2000; ++i) {
-        OrbFrame const next = transitions.frame(states[i / 37 % 4], start + i * step);
+        OrbState state = states[i / 37 % 4];
+        state.inActiveHours = false;
+        OrbFrame const next = transitions.frame(state, start + i * step);
         // The steepest of any of these moves in a 480th of a second.
         EXPECT_LT(std::fabs(next.body.scale - last.body.scale), 0.0025) << i;
         EXPECT_LT(std::fabs(next.glow.color.blue - last.glow.color.blue), 0.005) << i;
         EXPECT_LT(std::fabs(next.highlight.opacity - last.highlight.opacity), 0.004) << i;
+        EXPECT_LT(std::fabs(next.opacity - last.opacity), 0.004) << i;
+        EXPECT_LT(std::fabs(ringOpacity(next) - ringOpacity(last)), 0.006) << i;
         last = next;
     }
 }
