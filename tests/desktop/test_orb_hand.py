@@ -1,6 +1,7 @@
 """The orb under the hand: moved, resized, clicked, hovered."""
 
 import random
+import time
 
 import pytest
 
@@ -94,9 +95,18 @@ def test_a_touchpad_resizes_smoothly_and_by_pinching(orb: OrbHand):
 
 
 def settled_size(orb: OrbHand) -> float:
-    """The stored size, once it is that of the window."""
-    wait_for(lambda: abs(orb.saved()["widgetSize"] - orb.side) <= 0.5, 3, "the size at rest")
-    return orb.saved()["widgetSize"]
+    """The stored size, once it is that of the window and has been for a second: strokes take their time."""
+    changed, last = time.monotonic(), None
+
+    def rests() -> bool:
+        nonlocal changed, last
+        seen = orb.saved()["widgetSize"], orb.side
+        if seen != last:
+            changed, last = time.monotonic(), seen
+        return abs(seen[0] - seen[1]) <= 0.5 and time.monotonic() - changed > 1
+
+    wait_for(rests, 5, "the size at rest")
+    return last[0]
 
 
 def test_the_grip_resizes_from_its_start_and_adds_both_axes(orb: OrbHand):
