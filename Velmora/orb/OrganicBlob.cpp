@@ -39,8 +39,11 @@ double sineAfter(std::size_t eighth, Turn const& angle)
     return turn.sine * angle.cosine + turn.cosine * angle.sine;
 }
 
+/// An angle that is beyond every number, as a multiple of a huge phase may be, counts as none.
 Turn turn(double angle)
 {
+    if (!std::isfinite(angle))
+        return {.cosine = 1, .sine = 0};
     return {.cosine = std::cos(angle), .sine = std::sin(angle)};
 }
 

@@ -43,7 +43,8 @@ struct BlobOutline {
 ///
 /// It is sized by the shorter side and centred; it reaches 0.39 to 0.85 of half that side. Eight
 /// points at equal angles, clockwise on screen from straight up, are joined by a uniform
-/// Catmull-Rom spline. An empty rectangle gives nine equal points. Not periodic in the phase.
+/// Catmull-Rom spline. An empty rectangle gives nine equal points. Not periodic in the phase, and
+/// finite in a finite rectangle at any phase.
 [[nodiscard]] BlobOutline organicBlobOutline(OrbRect const& rect, double phase);
 
 /// The outline as a shape that animates: interpolating two blobs interpolates their phases.

@@ -129,6 +129,12 @@ void checkOutline(FuzzInput& input)
         .width = input.finiteDouble(),
         .height = input.finiteDouble()};
     auto const outline = organicBlobOutline(rect, input.finiteDouble());
+    bool const modest = std::fabs(rect.x) < 1e300 && std::fabs(rect.y) < 1e300
+        && std::fabs(rect.width) < 1e300 && std::fabs(rect.height) < 1e300;
+    for (auto const& segment : outline.segments) {
+        for (auto const& p : {segment.control1, segment.control2, segment.end})
+            require(!modest || (std::isfinite(p.x) && std::isfinite(p.y)));
+    }
     require(same(outline.segments.back().end.x, outline.start.x));
     require(same(outline.segments.back().end.y, outline.start.y));
 }

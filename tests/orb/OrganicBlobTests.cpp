@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace velmora {
@@ -22,6 +23,18 @@ TEST(OrganicBlob, StartsStraightAboveTheCentreAndTurnsClockwise)
     EXPECT_NEAR(outline.start.y, 21, 1e-9);
     EXPECT_GT(outline.segments[0].end.x, 50);
     EXPECT_LT(outline.segments[0].end.y, 50);
+}
+
+TEST(OrganicBlob, IsFiniteAtThePhasesWhoseMultiplesAreBeyondEveryNumber)
+{
+    double const largest = std::numeric_limits<double>::max();
+    for (double const phase : {largest, -largest, largest / 1.2}) {
+        BlobOutline const outline = organicBlobOutline(square, phase);
+        for (CubicSegment const& segment : outline.segments) {
+            for (OrbPoint const& p : {segment.control1, segment.control2, segment.end})
+                EXPECT_LE(distanceFrom({.x = 50, .y = 50}, p), 100) << phase;
+        }
+    }
 }
 
 TEST(OrganicBlob, EveryPointFollowsItsThreeHarmonics)
