@@ -32,6 +32,8 @@ install(FILES "${packaging}/completions/_velmora"
 install(FILES "${packaging}/completions/velmora.fish"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
 install(FILES "${packaging}/copyright" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/velmora")
+install(FILES "${packaging}/velmora.service"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/velmora/examples")
 
 # The manual page and the list of changes, compressed the same way every time.
 find_program(VELMORA_GZIP gzip REQUIRED)

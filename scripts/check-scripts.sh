@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-shellcheck --external-sources scripts/*.sh .ci/run
+shellcheck --external-sources scripts/*.sh packaging/*.sh .ci/run
 find packaging tests scripts resources translations -name '*.py' -print0 | xargs --null --no-run-if-empty /usr/bin/python3 -c '
 import sys
 for path in sys.argv[1:]:
