@@ -1,0 +1,43 @@
+"""Running the program where a part of the world around it has been taken away."""
+
+import os
+import shlex
+from pathlib import Path
+
+import pytest
+
+from harness import Desktop, program_path
+
+needs_root = pytest.mark.skipif(os.geteuid() != 0, reason="only root may mount here")
+
+
+def mounted(desktop: Desktop, *commands: str, alone: str = "--mount", through: str = "") -> Path:
+    """A program that first runs these commands among mounts of its own, then becomes ours.
+
+    What is mounted is seen from outside below `seen_by`. `alone` names what else it has to itself,
+    and `through` a program that starts ours.
+    """
+    return _script(desktop, "mounted", f"exec unshare {alone} sh -ec " + shlex.quote(
+        "\n".join([*commands, f'exec {through} {_program()} "$@"'])) + ' velmora "$@"')
+
+
+def mortal(desktop: Desktop) -> Path:
+    """The program bound by the permissions of files, also where root runs it."""
+    alone = "setpriv --bounding-set=-dac_override,-dac_read_search " if os.geteuid() == 0 else ""
+    return _script(desktop, "mortal", f'exec {alone}{_program()} "$@"')
+
+
+def seen_by(pid: int, path: Path) -> Path:
+    """A path as the process sees it, among its own mounts."""
+    return Path(f"/proc/{pid}/root{path}")
+
+
+def _script(desktop: Desktop, name: str, body: str) -> Path:
+    script = desktop.folder / f"{name}-{desktop.count(name)}"
+    script.write_text(f"#!/bin/sh\n{body}\n")
+    script.chmod(0o755)
+    return script
+
+
+def _program() -> str:
+    return shlex.quote(str(program_path()))
