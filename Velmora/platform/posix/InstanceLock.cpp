@@ -21,9 +21,10 @@ std::shared_ptr<InstanceLock> InstanceLock::acquire(fs::path const& home)
     if (error)
         return nullptr;
     constexpr mode_t readableByAll = 0644;
-    // Programs that this one starts must not inherit the descriptor: they would keep the lock.
-    int const descriptor
-        = open((folder / "instance.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, readableByAll);
+    // Programs that this one starts must not inherit the descriptor: they would keep the lock. A
+    // link in the file's place could lead to a file that is not to be written to.
+    int const descriptor = open((folder / "instance.lock").c_str(),
+        O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, readableByAll);
     if (descriptor < 0)
         return nullptr;
     if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {

@@ -103,6 +103,17 @@ TEST_F(InstanceLockTest, IsNoLockWhereItsFileCannotBeOpened)
     EXPECT_FALSE(InstanceLock::acquire(home.path()));
 }
 
+TEST_F(InstanceLockTest, FollowsNoLinkInItsFilesPlace)
+{
+    fs::create_directories(file.parent_path());
+    auto const target = home.path() / "somebody's";
+    std::ofstream(target) << "precious";
+    fs::create_symlink(target, file);
+    EXPECT_FALSE(InstanceLock::acquire(home.path()));
+    std::ifstream stream(target);
+    EXPECT_EQ((std::string{std::istreambuf_iterator<char>{stream}, {}}), "precious");
+}
+
 TEST_F(InstanceLockTest, IsNoLockWithoutAHomeFolder)
 {
     EXPECT_FALSE(InstanceLock::acquire({}));
