@@ -171,16 +171,13 @@ private:
 
 TEST(AppModelMonth, ThirtyDaysOfTicksDeedsSleepsAndSetClocksLoseNothing)
 {
-    for (unsigned seed = 1; seed <= 3; ++seed) {
-        SCOPED_TRACE(testing::Message() << "seed " << seed);
-        Month month(seed);
-        month.live();
-        EXPECT_GT(month.ticks(), 1'000'000);
-        EXPECT_GT(month.reminders(), 500);
-        EXPECT_GT(month.launches(), 100);
-        std::printf("%ld ticks, %ld reminders, %ld launches\n", month.ticks(), month.reminders(),
-            month.launches());
-    }
+    Month month(1);
+    month.live();
+    EXPECT_GT(month.ticks(), 1'000'000);
+    EXPECT_GT(month.reminders(), 500);
+    EXPECT_GT(month.launches(), 100);
+    std::printf("%ld ticks, %ld reminders, %ld launches\n", month.ticks(), month.reminders(),
+        month.launches());
 }
 
 } // namespace
