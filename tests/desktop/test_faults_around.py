@@ -40,6 +40,7 @@ def test_a_display_server_that_is_killed_leaves_saved_settings_and_no_core(plain
     assert not list(plain.folder.glob("core*"))
 
 
+@pytest.mark.long
 def test_a_session_bus_that_goes_and_returns_costs_neither_time_nor_settings(plain):
     plain.settings.write(intervalMinutes=2, heldRemaining=4.0)
     program = plain.run()
@@ -62,6 +63,7 @@ def test_a_session_bus_that_goes_and_returns_costs_neither_time_nor_settings(pla
     bus.close()
 
 
+@pytest.mark.long
 def test_everything_around_it_goes_at_once_and_it_reminds_and_saves(plain):
     plain.settings.write(intervalMinutes=2, heldRemaining=4.0)
     program = plain.run()
