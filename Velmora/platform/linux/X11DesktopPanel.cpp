@@ -124,6 +124,7 @@ void X11DesktopPanel::adopt(std::uintptr_t window)
         return;
     m_window = static_cast<std::uint32_t>(window);
     m_frames.adopt(m_window);
+    m_stacking.keepAbove(m_window);
     setType();
     setState();
     bound();

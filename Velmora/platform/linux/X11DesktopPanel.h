@@ -2,6 +2,7 @@
 
 #include "Velmora/platform/DesktopPanel.h"
 #include "Velmora/platform/linux/X11SharedFrames.h"
+#include "Velmora/platform/linux/X11Stacking.h"
 
 #include <QAbstractNativeEventFilter>
 
@@ -52,6 +53,7 @@ private:
     bool m_translucent = true;
     std::vector<PixelRect> m_outline;
     X11SharedFrames m_frames;
+    X11Stacking m_stacking;
 };
 
 } // namespace velmora
