@@ -20,6 +20,12 @@ GripChange gripPressed(GripState state, double size, Point screen)
     return {.state = state, .cursor = GripCursor::resize};
 }
 
+GripState gripShifted(GripState state, Point by)
+{
+    state.startScreen = {.x = state.startScreen.x + by.x, .y = state.startScreen.y + by.y};
+    return state;
+}
+
 GripChange gripReleased(GripState state, bool inside)
 {
     state.dragging = false;

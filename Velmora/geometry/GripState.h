@@ -40,6 +40,8 @@ struct GripChange {
 [[nodiscard]] GripChange gripHovered(GripState state, bool over);
 /// The button went down on the grip while the orb's side was `size`.
 [[nodiscard]] GripChange gripPressed(GripState state, double size, Point screen);
+/// The desktop's origin is somewhere else now: every place counts by so much more.
+[[nodiscard]] GripState gripShifted(GripState state, Point by);
 /// The button was released, inside the grip's square or outside it.
 [[nodiscard]] GripChange gripReleased(GripState state, bool inside);
 /// The side that a drag to `screen` asks for, measured from the drag's start: right and down

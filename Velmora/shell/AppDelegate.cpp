@@ -263,12 +263,16 @@ void AppDelegate::screenParametersChanged()
     if (!m_widgetPanel)
         return;
     auto& model = m_seams.model;
+    auto const before = m_widgetPanel->frame().origin();
     m_widgetPanel->displaysSettled();
     auto const frame = m_widgetPanel->frame();
     auto const origin = model.originPullingOnScreen(frame.origin(), frame.width);
     if (distance(origin, frame.origin()) > placeTolerance) {
         m_widgetPanel->setFrameOrigin(origin);
         model.saveOrigin(origin);
+    } else if (model.hasSavedOrigin() && frame.origin() != before) {
+        // The orb stands where it stood, but its place now counts from elsewhere.
+        model.saveOrigin(frame.origin());
     }
     model.setHostScreen(m_widgetPanel->display());
     if (m_settingsPanel)

@@ -76,16 +76,6 @@ void WidgetView::mouseUp(PointerEvent const& event)
         activate(*pressed);
 }
 
-void WidgetView::mouseCancelled()
-{
-    m_press.reset();
-    m_pressed.reset();
-    m_dragOrigin.reset();
-    m_resizeStart.reset();
-    m_dragging = false;
-    m_resizing = false;
-}
-
 Symbol WidgetView::symbol(Control control) const
 {
     if (control == Control::settings)

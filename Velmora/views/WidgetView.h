@@ -57,7 +57,9 @@ public:
     void mouseDown(PointerEvent const& event);
     void mouseDragged(PointerEvent const& event);
     void mouseUp(PointerEvent const& event);
-    /// Forgets a press that will never be released.
+    /// The desktop's origin is somewhere else now: every place counts by so much more.
+    void desktopShifted(Point by);
+    /// Forgets a press that will never be released; what it moved is saved where it stands.
     void mouseCancelled();
 
     // The buttons.
@@ -97,6 +99,7 @@ private:
 
     void dragChanged(PointerEvent const& event);
     void dragEnded(PointerEvent const& event);
+    void forgetGesture();
     void move(Point proposed);
 
     AppModel& m_model;

@@ -42,6 +42,15 @@ void WidgetView::move(Point proposed)
     m_window->setFrameOrigin(proposed);
 }
 
+void WidgetView::desktopShifted(Point by)
+{
+    auto const shifted = [by](Point p) { return Point{.x = p.x + by.x, .y = p.y + by.y}; };
+    if (m_press)
+        m_press->screen = shifted(m_press->screen);
+    if (m_dragOrigin)
+        m_dragOrigin = shifted(*m_dragOrigin);
+}
+
 void WidgetView::dragEnded(PointerEvent const& event)
 {
     // The release may come from further on than the last move.
@@ -50,9 +59,26 @@ void WidgetView::dragEnded(PointerEvent const& event)
         m_model.saveOrigin(m_window->frame().origin());
     auto const clicked = OrbGesture::isClick(
         translation(*m_press, event), m_resizing, m_pressDepth, m_model.widgetSize());
-    mouseCancelled();
+    forgetGesture();
     if (clicked && m_model.isReminding())
         m_model.acknowledgeReminder();
+}
+
+void WidgetView::mouseCancelled()
+{
+    if (m_dragging && m_window)
+        m_model.saveOrigin(m_window->frame().origin());
+    forgetGesture();
+}
+
+void WidgetView::forgetGesture()
+{
+    m_press.reset();
+    m_pressed.reset();
+    m_dragOrigin.reset();
+    m_resizeStart.reset();
+    m_dragging = false;
+    m_resizing = false;
 }
 
 } // namespace velmora

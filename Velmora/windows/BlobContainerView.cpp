@@ -76,6 +76,12 @@ void BlobContainerView::mouseCancelled()
     m_pressed = Part::nothing;
 }
 
+void BlobContainerView::desktopShifted(Point by)
+{
+    m_resizeKnob.desktopShifted(by);
+    m_hosting.desktopShifted(by);
+}
+
 void BlobContainerView::scrollWheel(OrbGesture::Scroll scroll)
 {
     resize(OrbGesture::scrolled(m_model.widgetSize(), scroll));

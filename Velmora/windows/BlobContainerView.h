@@ -42,6 +42,8 @@ public:
     void mouseUp(PointerEvent const& event);
     /// The press that is under way ends without a release.
     void mouseCancelled();
+    /// The desktop's origin is somewhere else now: every place counts by so much more.
+    void desktopShifted(Point by);
     void scrollWheel(OrbGesture::Scroll scroll);
     /// One step of a pinch.
     void magnify(double magnification);

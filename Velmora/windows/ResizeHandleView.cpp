@@ -76,6 +76,11 @@ void ResizeHandleView::mouseUp(PointerEvent const& event)
     take(gripReleased(m_state, m_frame.contains(event.window)));
 }
 
+void ResizeHandleView::desktopShifted(Point by)
+{
+    m_state = gripShifted(m_state, by);
+}
+
 void ResizeHandleView::take(GripChange const& change)
 {
     m_state = change.state;

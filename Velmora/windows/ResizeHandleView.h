@@ -30,6 +30,8 @@ public:
     /// Resizes the orb on the display that holds it.
     void mouseDragged(PointerEvent const& event, std::optional<DisplayId> display);
     void mouseUp(PointerEvent const& event);
+    /// The desktop's origin is somewhere else now: every place counts by so much more.
+    void desktopShifted(Point by);
 
     /// Draws the grip over a frame of its container, which is `height` points high and whose device
     /// pixel ratio is set.

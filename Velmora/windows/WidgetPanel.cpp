@@ -153,8 +153,10 @@ void WidgetPanel::applyFrame()
 void WidgetPanel::displaysSettled()
 {
     auto const now = ToolkitDisplays::coordinates();
+    auto const before = m_frame.origin();
     m_frame = now.fromToolkit(m_coordinates.toToolkit(m_frame));
     m_coordinates = now;
+    m_container.desktopShifted({.x = m_frame.x - before.x, .y = m_frame.y - before.y});
     applyFrame();
     drawFrame();
 }
@@ -212,6 +214,9 @@ std::optional<Rect> WidgetPanel::visibleFrame() const
 
 void WidgetPanel::orderFrontRegardless()
 {
+    // Somebody else may have taken the window off the screen without the toolkit minding.
+    if (isVisible() && !isExposed())
+        hide();
     show();
     m_seams.desktop.shown();
     raise();

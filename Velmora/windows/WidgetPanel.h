@@ -84,6 +84,8 @@ private:
     /// What the pointer tracking does with every news of the pointer; absent is elsewhere.
     void pointerTick(std::optional<Point> windowPoint);
     [[nodiscard]] Point windowPoint(Point screen) const;
+    /// Nothing of the panel is on a screen any more.
+    void vanish();
     void readPace();
     void modelChanged(AppModel::Property property);
     /// Tells assistive tools, once the model has come to rest, that the orb reads differently.

@@ -70,8 +70,10 @@ bool WidgetPanel::event(QEvent* event)
         break;
     case QEvent::NativeGesture: {
         auto const* gesture = static_cast<QNativeGestureEvent*>(event);
-        if (gesture->gestureType() == Qt::ZoomNativeGesture)
+        if (gesture->gestureType() == Qt::ZoomNativeGesture) {
             m_container.magnify(gesture->value());
+            pointerTick(windowPoint(pointerEvent(*gesture).screen));
+        }
         return true;
     }
     default:
@@ -93,7 +95,8 @@ void WidgetPanel::mouseMoveEvent(QMouseEvent* event)
     auto const pointer = pointerEvent(*event);
     if (event->buttons().testFlag(Qt::LeftButton))
         m_container.mouseDragged(pointer);
-    pointerTick(pointerEvent(*event).window);
+    // The drag may have moved the panel from under the place that the event was counted from.
+    pointerTick(windowPoint(pointer.screen));
 }
 
 void WidgetPanel::mouseReleaseEvent(QMouseEvent* event)
@@ -101,19 +104,24 @@ void WidgetPanel::mouseReleaseEvent(QMouseEvent* event)
     auto const pointer = pointerEvent(*event);
     if (event->button() == Qt::LeftButton)
         m_container.mouseUp(pointer);
-    pointerTick(pointer.window);
+    pointerTick(windowPoint(pointer.screen));
 }
 
 void WidgetPanel::wheelEvent(QWheelEvent* event)
 {
     m_container.scrollWheel(scroll(*event));
+    pointerTick(windowPoint(pointerEvent(*event).screen));
 }
 
 void WidgetPanel::exposeEvent(QExposeEvent* /*event*/)
 {
     m_presenter.invalidate();
+    if (!isExposed()) {
+        vanish();
+        return;
+    }
     bool const stood = !m_frameClock.running();
-    m_frameClock.set(FrameClock::Unseen::hidden, !isExposed());
+    m_frameClock.set(FrameClock::Unseen::hidden, false);
     // A clock that starts gives a frame by itself.
     if (!stood || !m_frameClock.running())
         drawFrame();
@@ -125,6 +133,11 @@ void WidgetPanel::resizeEvent(QResizeEvent* /*event*/)
 }
 
 void WidgetPanel::hideEvent(QHideEvent* /*event*/)
+{
+    vanish();
+}
+
+void WidgetPanel::vanish()
 {
     m_frameClock.set(FrameClock::Unseen::hidden, true);
     m_container.mouseCancelled();

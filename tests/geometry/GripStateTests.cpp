@@ -70,5 +70,11 @@ TEST(GripState, RightAndDownEnlargeLeftAndUpShrink)
     EXPECT_DOUBLE_EQ(gripSize(dragged(), {.x = 300, .y = 700}), -400);
 }
 
+TEST(GripState, ADesktopWhosePlacesCountFromElsewhereLeavesTheSizeAlone)
+{
+    auto const shifted = gripShifted(dragged(), {.x = -1280, .y = 32});
+    EXPECT_DOUBLE_EQ(gripSize(shifted, {.x = 510 - 1280, .y = 390 + 32}), 120);
+}
+
 } // namespace
 } // namespace velmora

@@ -29,6 +29,13 @@ protected:
             .screen = {.x = window.place.x + x, .y = window.place.y + y}};
     }
 
+    /// The same pointer, moved over the desktop; y up.
+    [[nodiscard]] static PointerEvent moved(PointerEvent event, double dx, double dy)
+    {
+        event.screen = {.x = event.screen.x + dx, .y = event.screen.y + dy};
+        return event;
+    }
+
     Desk desk;
     AppModel& model = desk.launch();
     FakeOrbWindow window;
@@ -128,6 +135,64 @@ TEST_F(BlobContainerViewTest, ACancelledPressIsForgotten)
     container.mouseDown(at(90, 10));
     container.mouseCancelled();
     EXPECT_FALSE(container.resizeKnob().state().highlighted());
+}
+
+TEST_F(BlobContainerViewTest, AMoveThatIsCancelledIsSavedWhereItStands)
+{
+    auto const press = at(50, 70);
+    container.mouseDown(press);
+    container.mouseDragged(moved(press, 30, -20));
+    EXPECT_FALSE(model.hasSavedOrigin());
+    container.mouseCancelled();
+    EXPECT_EQ(model.widgetOrigin(), (Point{.x = 630, .y = 380}));
+}
+
+/// A display changes while a button is held: from then on every place of the desktop counts by
+/// `shift` more, the window's too, and the hand has not moved.
+class DisplayChangeInADrag : public BlobContainerViewTest {
+protected:
+    void change()
+    {
+        window.place.x += shift.x;
+        window.place.y += shift.y;
+        container.desktopShifted(shift);
+    }
+
+    static constexpr Point shift = {.x = -300, .y = 32};
+};
+
+TEST_F(DisplayChangeInADrag, AMoveGoesOnUnderTheHandAndIsSavedWhereItEnds)
+{
+    auto const press = at(50, 70);
+    container.mouseDown(press);
+    container.mouseDragged(moved(press, 30, -20));
+    change();
+    EXPECT_EQ(window.place.origin(), (Point{.x = 630 + shift.x, .y = 380 + shift.y}));
+    container.mouseDragged(moved(press, 40 + shift.x, -20 + shift.y));
+    EXPECT_EQ(window.place.origin(), (Point{.x = 640 + shift.x, .y = 380 + shift.y}));
+    container.mouseUp(moved(press, 40 + shift.x, -20 + shift.y));
+    EXPECT_EQ(model.widgetOrigin(), window.place.origin());
+}
+
+TEST_F(DisplayChangeInADrag, AResizeKeepsItsMeasure)
+{
+    auto press = at(50, 70);
+    press.option = true;
+    container.mouseDown(press);
+    container.mouseDragged(moved(press, 20, 0));
+    change();
+    container.mouseDragged(moved(press, 25 + shift.x, shift.y));
+    EXPECT_DOUBLE_EQ(model.widgetSize(), 125);
+}
+
+TEST_F(DisplayChangeInADrag, TheGripKeepsItsMeasure)
+{
+    auto const press = at(90, 10);
+    container.mouseDown(press);
+    container.mouseDragged(moved(press, 20, 0));
+    change();
+    container.mouseDragged(moved(press, 25 + shift.x, shift.y));
+    EXPECT_DOUBLE_EQ(model.widgetSize(), 125);
 }
 
 } // namespace
