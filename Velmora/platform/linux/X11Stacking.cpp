@@ -56,12 +56,16 @@ void X11Stacking::keepAbove(std::uint32_t window)
         return;
     auto const root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
     std::uint32_t const events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-    xcb_change_window_attributes(m_connection.get(), root, XCB_CW_EVENT_MASK, &events);
-    xcb_flush(m_connection.get());
+    // Nothing is missed from here on: the server has answered before the window is shown.
+    std::unique_ptr<xcb_generic_error_t, Free> const refused(xcb_request_check(m_connection.get(),
+        xcb_change_window_attributes_checked(
+            m_connection.get(), root, XCB_CW_EVENT_MASK, &events)));
     m_readable = std::make_unique<QSocketNotifier>(
         xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
     QObject::connect(
         m_readable.get(), &QSocketNotifier::activated, m_readable.get(), [this] { drain(); });
+    // What came along with the answer is not announced again.
+    drain();
 }
 
 void X11Stacking::drain()
