@@ -24,7 +24,10 @@ packages_test=(
     valgrind xvfb locales tzdata appstream desktop-file-utils wmctrl
 )
 # To run the long matrix of desktop tests.
-packages_matrix=(pipewire pipewire-pulse wireplumber)
+packages_matrix=(
+    pipewire pipewire-pulse wireplumber
+    kwin-x11 kwin-wayland xwayland libegl1 libgl1-mesa-dri mutter picom
+)
 # To check the sources.
 packages_lint=(clang clang-format clang-tidy clazy cppcheck shellcheck)
 

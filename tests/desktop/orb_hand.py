@@ -1,6 +1,8 @@
 """A hand on the orb: where it is, where its parts are, and what it says."""
 
+import itertools
 import math
+from collections.abc import Callable
 
 from harness import Desktop, Rectangle, wait_for
 from harness.program import Program
@@ -68,6 +70,59 @@ class OrbHand:
         self.desktop.pointer.move(*self.at(0, -20))
         wait_for(self.buttons_shown, 3, "the buttons")
 
+    def drag_by(self, across: int, down: int) -> None:
+        """Drags the orb by so many points and lets go once it stands exactly there."""
+        place = self.place
+        goal = Rectangle(place.x + across * self.scale, place.y + down * self.scale, place.width, place.height)
+        self.pull(self.at(10, -20), across, down, lambda: self.place == goal, f"the orb at {goal}")
+
+    def pull(self, start: tuple[int, int], across: int, down: int, arrived: Callable[[], bool],
+             what: str) -> None:
+        """Drags from a device pixel by so many points and lets go once `arrived` is true.
+
+        A compositor that keeps an X server hears of a window's coming, move or growth a little later
+        than the window's program, and counts the pointer from there. So the button goes down once
+        both see the pointer in the same place, and the pointer lingers at the end.
+        """
+        pointer, end = self.desktop.pointer, (start[0] + across * self.scale, start[1] + down * self.scale)
+        beside = itertools.cycle((0, 1))
+
+        def there() -> bool:
+            if self.desktop.x11.pointer() == start:
+                return True
+            pointer.move(start[0] + next(beside), start[1])
+            return False
+
+        pointer.move(*start)
+        wait_for(there, 3, f"the pointer at {start}", every=0.1)
+        pointer.press()
+        for step in range(1, 12):
+            pointer.move(start[0] + (end[0] - start[0]) * step // 12, start[1] + (end[1] - start[1]) * step // 12)
+        pointer.move(*end)
+
+        def linger() -> bool:
+            if arrived():
+                return True
+            pointer.move(end[0] + next(beside), end[1])
+            return False
+
+        try:
+            wait_for(linger, 3, what, every=0.2)
+        finally:
+            pointer.release()
+
+    def taken_away(self) -> None:
+        """Somebody else takes the orb's window off the screen."""
+        x11, window = self.desktop.x11, self.window.id
+        x11.display.create_resource_object("window", window).unmap()
+        x11.display.sync()
+        wait_for(lambda: not self.program.orb(), 3, "the orb off the screen")
+
+    def called_back(self) -> None:
+        """The user starts the program once more, and has the orb in view again."""
+        assert self.desktop.run().wait() == 0
+        wait_for(self.program.orb, 3, "the orb back on the screen")
+
     def remind(self) -> None:
         """Starts a reminder the way an assistive tool does."""
         self.element.act("Velmora now")
@@ -104,3 +159,15 @@ def owned(x: float, y: float, side: float) -> bool:
         if x >= left + grip - claim or y >= top + grip - claim:
             return True
     return math.hypot(x - side / 2, y - side / 2) <= side * 0.52
+
+
+def cut(orb: OrbHand) -> bool:
+    """Whether the window is cut to the outline that also takes the pointer."""
+    bound = orb.desktop.x11.bounding_region(orb.window.id)
+    return len(bound) > 1 and bound == orb.desktop.x11.input_region(orb.window.id)
+
+
+def uncut(orb: OrbHand) -> bool:
+    """Whether all of the window's square is on the screen."""
+    place = orb.place
+    return orb.desktop.x11.bounding_region(orb.window.id) == [Rectangle(0, 0, place.width, place.height)]

@@ -13,18 +13,23 @@ _WINDOW = Path(__file__).with_name("letter_window.py")
 class Bystander:
     """An ordinary window of another program."""
 
-    def __init__(self, processes: Processes, x11: X11, title: str, place: Rectangle):
+    def __init__(self, processes: Processes, x11: X11, title: str, place: Rectangle | None,
+                 environment: dict[str, str] | None = None):
+        """Opens the window at that place, or over the whole screen."""
         self._processes = processes
         self._x11 = x11
         self.title = title
         self._log = processes.log(f"window-{title}")
+        where = [str(n) for n in (place.x, place.y, place.width, place.height)] if place else []
+        self._native = bool(environment)
         self.process: subprocess.Popen = processes.start(
-            f"window-{title}", ["/usr/bin/python3", "-u", str(_WINDOW), title,
-                                    str(place.x), str(place.y), str(place.width), str(place.height)])
+            f"window-{title}", ["/usr/bin/python3", "-u", str(_WINDOW), title, *where], environment)
 
-    def wait(self) -> Window:
-        """Returns when the window is seen."""
+    def wait(self) -> Window | None:
+        """Returns when the window is seen; only one of the X server's can be looked up."""
         wait_for(lambda: "drawn" in self.events(), COMING_UP, f"the window {self.title!r}")
+        if self._native:
+            return None
         return wait_for(self.window, COMING_UP, f"the window {self.title!r}")
 
     def window(self) -> Window | None:

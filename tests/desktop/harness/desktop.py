@@ -22,6 +22,7 @@ from .settings import Settings
 from .sound import PipeWire, SoundServer
 from .touchpad import Touchpad
 from .tray import Tray
+from .wayland import WaylandSession
 from .window_manager import WindowManager
 from .x11 import X11, Rectangle
 from .xfconf import SettingsStore
@@ -33,7 +34,8 @@ _PATH = "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin"
 class Desktop:
     """Brings a desktop up, and on leaving the `with` ends everything that it started.
 
-    - `window_manager`: "xfwm4" (composites), "xfwm4-plain" (does not), "openbox", "kwin", "mutter", "none".
+    - `window_manager`: "xfwm4" (composites), "xfwm4-plain" (does not), "openbox", "kwin", "mutter", "none";
+      "kwin-wayland" is a Wayland session with an X server for X programs.
     - `scale`: 1 or 2, told to programs the way a session does.
     - `heads`: the displays, in device pixels; the first is the primary one.
     - `tray`: "panel" (StatusNotifierItem), "xembed" (a tray without it), "none".
@@ -75,6 +77,7 @@ class Desktop:
         # What programs are told otherwise than the desktop's own parts.
         self.for_programs: dict[str, str] = {}
         self._own_bus: Bus | None = None
+        self._hand: Pointer | None = None
         self._counts: Counter[str] = Counter()
         self._timings: list[tuple[str, float]] = []
 
@@ -107,7 +110,14 @@ class Desktop:
     @property
     def pointer(self) -> Pointer:
         """A hand on the mouse and the keyboard."""
-        return Pointer(self.x11)
+        if self._hand is None:
+            self._hand = self.display_server.hand() if self.is_wayland else Pointer(self.x11)
+        return self._hand
+
+    @property
+    def is_wayland(self) -> bool:
+        """Whether the desktop is a Wayland session."""
+        return isinstance(self.display_server, WaylandSession)
 
     def touchpad(self) -> Touchpad:
         """A touchpad; use it in a `with`. Not every server has one, see `has_touchpad`."""
@@ -124,6 +134,13 @@ class Desktop:
     def window(self, title: str, place: Rectangle) -> Bystander:
         """Opens an ordinary window of another program and waits until it is seen."""
         bystander = Bystander(self.processes, self.x11, title, place)
+        bystander.wait()
+        return bystander
+
+    def native_full_screen_window(self, title: str) -> Bystander:
+        """Opens a window of a Wayland program that covers the screen, in a Wayland session."""
+        bystander = Bystander(self.processes, self.x11, title, None,
+                              {**self.display_server.environment, "GDK_BACKEND": "wayland"})
         bystander.wait()
         return bystander
 
@@ -209,10 +226,14 @@ class Desktop:
 
     def _bring_up_display(self, note: Callable[[str], None]) -> None:
         wanted = self._wanted
-        self.display_server = DisplayServer(self.processes, wanted["heads"])
+        if wanted["window_manager"] == "kwin-wayland":
+            self.display_server = WaylandSession(self.processes, wanted["heads"], self._own_bus)
+            self.for_programs.update(self.display_server.environment)
+        else:
+            self.display_server = DisplayServer(self.processes, wanted["heads"])
         self.processes.environment["DISPLAY"] = self.display_server.name
         self.display_server.wait()
-        self.x11 = X11(self.display_server.name)
+        self.x11 = self.display_server.view() if self.is_wayland else X11(self.display_server.name)
         note("display")
         self.settings_store = SettingsStore(self.processes, self._own_bus)
         if wanted["xsettings"]:
@@ -238,8 +259,11 @@ class Desktop:
                 problem.add_note(f"the evidence is incomplete: {trouble}")
 
     def _take_down(self) -> None:
-        for connection in (self.x11, self.accessibility, self._own_bus, self.system_bus):
+        hand = self._hand if self.is_wayland else None
+        for connection in (hand, self.x11, self.accessibility, self._own_bus, self.system_bus):
             if connection:
                 connection.close()
         self.processes.end_all()
+        if self.is_wayland:
+            self.display_server.close()
         shutil.rmtree(self.folder, ignore_errors=True)

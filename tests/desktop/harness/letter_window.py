@@ -1,6 +1,6 @@
 """A window with a letter in it that prints a line for everything that reaches it.
 
-Arguments: title, x, y, width, height.
+Arguments: title, and x, y, width, height unless it is to cover the whole screen.
 """
 
 import sys
@@ -21,10 +21,13 @@ _LINES = (
 
 
 def _main() -> None:
-    title, x, y, width, height = sys.argv[1], *map(int, sys.argv[2:6])
+    title, place = sys.argv[1], [int(word) for word in sys.argv[2:6]]
     window = Gtk.Window(title=title)
-    window.set_default_size(width, height)
-    window.move(x, y)
+    if place:
+        window.set_default_size(*place[2:])
+        window.move(*place[:2])
+    else:
+        window.fullscreen()
     area = Gtk.EventBox()
     area.add(Gtk.Label(label="\n\n".join(_LINES), xalign=0, yalign=0, margin=24))
     area.add_events(Gdk.EventMask.BUTTON_PRESS_MASK | Gdk.EventMask.SCROLL_MASK

@@ -29,6 +29,8 @@ KINDS = {
     "openbox": Kind(["openbox"]),
     "kwin": Kind(["kwin_x11"], composites=True),
     "mutter": Kind(["mutter", "--x11"], composites=True),
+    # The compositor is there already, with the display.
+    "kwin-wayland": Kind([], composites=True),
     "none": Kind([]),
 }
 
@@ -65,7 +67,7 @@ class WindowManager:
 
     def wait(self, x11: X11) -> None:
         """Returns when windows are managed and, where it composites, composited."""
-        if not self.process:
+        if not self.process and not self.kind.composites:
             return
         wait_for(lambda: self._manages(x11), COMING_UP, f"{self.name} to manage windows")
         if self.kind.composites:

@@ -6,6 +6,8 @@ from dataclasses import dataclass
 import numpy
 from Xlib import X, Xatom, display, error
 from Xlib.ext import shape
+from Xlib.protocol import display as protocol
+from Xlib.protocol import event
 
 
 @dataclass(frozen=True)
@@ -33,11 +35,25 @@ class Window:
     override_redirect: bool
 
 
+def open_display(name: str) -> display.Display:
+    """A connection to an X server. The library keeps what it learns of a server's extensions for all
+    connections together; here each keeps its own, since two servers need not number them alike."""
+    kind = protocol.Display
+    kind.extension_major_opcodes = {}
+    kind.error_classes = error.xerror_class.copy()
+    kind.event_classes = event.event_class.copy()
+    opened = display.Display(name)
+    opened.display.extension_major_opcodes = kind.extension_major_opcodes
+    opened.display.error_classes = kind.error_classes
+    opened.display.event_classes = kind.event_classes
+    return opened
+
+
 class X11:
     """This process's own connection to the desktop's X server."""
 
     def __init__(self, name: str):
-        self.display = display.Display(name)
+        self.display = open_display(name)
         self.root = self.display.screen().root
 
     def close(self) -> None:
@@ -89,9 +105,16 @@ class X11:
 
     def input_region(self, window: int) -> list[Rectangle]:
         """The parts of a window that take the pointer, relative to its own corner."""
-        resource = self.display.create_resource_object("window", window)
-        answer = resource.shape_get_rectangles(shape.SK.Input)
-        return [Rectangle(r.x, r.y, r.width, r.height) for r in answer.rectangles]
+        return self._region(window, shape.SK.Input)
+
+    def bounding_region(self, window: int) -> list[Rectangle]:
+        """The parts of a window that are on the screen, relative to its own corner."""
+        return self._region(window, shape.SK.Bounding)
+
+    def order(self, first: Window, second: Window) -> int:
+        """More than 0 when the first lies above the second, less than 0 when below."""
+        stack = [window.id for window in self.windows()]
+        return stack.index(first.id) - stack.index(second.id)
 
     def pointer(self) -> tuple[int, int]:
         """Where the pointer is."""
@@ -115,6 +138,10 @@ class X11:
             raw = numpy.frombuffer(image.data, numpy.uint8).reshape(bottom - top, right - left, 4)
             seen[top - place.y:bottom - place.y, left - place.x:right - place.x] = raw[:, :, 2::-1]
         return seen
+
+    def _region(self, window: int, kind: int) -> list[Rectangle]:
+        answer = self.display.create_resource_object("window", window).shape_get_rectangles(kind)
+        return [Rectangle(r.x, r.y, r.width, r.height) for r in answer.rectangles]
 
     def _collect(self, parent, found: list[Window]) -> None:
         try:

@@ -2,12 +2,12 @@
 
 import struct
 
-from Xlib import X, Xatom, display
+from Xlib import X, Xatom
 from Xlib.protocol import event
 
 from .processes import Processes
 from .waiting import COMING_UP, wait_for
-from .x11 import X11
+from .x11 import X11, open_display
 from .xfconf import SettingsStore
 
 _OWNER = "_XSETTINGS_S0"
@@ -25,7 +25,7 @@ class XSettings:
         A session tells its scale as the fonts' resolution: 96 dots an inch times the scale, both in
         XSETTINGS and in the X resources. That is where Qt finds it on a user's desktop.
         """
-        self._display = display.Display(processes.environment["DISPLAY"])
+        self._display = open_display(processes.environment["DISPLAY"])
         self._root = self._display.screen().root
         self._window = self._root.create_window(-1, -1, 1, 1, 0, X.CopyFromParent)
         self._serial = 0
