@@ -182,6 +182,48 @@ def test_the_buttons_show_under_the_pointer_and_through_a_drag_that_leaves_the_o
     wait_for(lambda: not orb.buttons_shown(), 2, "no buttons again")
 
 
+def test_an_orb_that_somebody_takes_off_the_screen_comes_back_in_its_place_when_it_is_called(orb: OrbHand):
+    place = orb.place
+    region = orb.desktop.x11.input_region(orb.window.id)
+    orb.taken_away()
+    orb.called_back()
+    assert orb.place == place and orb.desktop.x11.input_region(orb.window.id) == region
+    orb.hover()
+
+
+def test_a_move_that_ends_when_the_orb_is_taken_away_is_saved_where_it_stands(orb: OrbHand):
+    pointer, start = orb.desktop.pointer, orb.at(0, -20)
+    pointer.move(*start)
+    pointer.press()
+    pointer.move(start[0] - 30 * orb.scale, start[1])
+    pointer.move(start[0] - 60 * orb.scale, start[1])
+    wait_for(lambda: orb.place.x == (600 - 60) * orb.scale, 3, "the move")
+    orb.taken_away()
+    pointer.release()
+    orb.called_back()
+    wait_for(orb.saved_where_it_stands, 3, "the saved place")
+    assert orb.place.x == (600 - 60) * orb.scale
+
+
+def test_a_display_that_changes_during_a_drag_leaves_the_measure_and_the_saved_place_right():
+    with Desktop(sound="none", tray="none") as desktop:
+        desktop.settings.write(widgetSize=128.0, widgetOriginX=600.0, widgetOriginY=300.0, hasSavedOrigin=True)
+        orb = OrbHand(desktop, desktop.run())
+        # The places of the desktop count from the bottom, which moves up while the grip is held.
+        pointer, start, place = desktop.pointer, orb.grip(), orb.place
+        pointer.move(*start)
+        pointer.press()
+        pointer.move(start[0] + 10, start[1])
+        wait_for(lambda: orb.side == 138, 3, "the resize")
+        desktop.display_server.plug(0, Head(1280, 720))
+        wait_for(orb.saved_where_it_stands, 3, "the place counted anew")
+        pointer.move(start[0] + 20, start[1])
+        wait_for(lambda: orb.side == 148, 3, "ten points more and nothing else")
+        pointer.release()
+        wait_for(orb.saved_where_it_stands, 3, "the saved place")
+        assert max(abs(a - b) for a, b in zip(orb.place.centre, place.centre)) <= 1
+
+
 @pytest.mark.long
 def test_a_thousand_deeds_at_random_never_lose_the_orb():
     heads = [Head(1280, 800), Head(1024, 768, x=1280)]
@@ -190,7 +232,13 @@ def test_a_thousand_deeds_at_random_never_lose_the_orb():
         orb = OrbHand(desktop, desktop.run())
         plugged = True
         for deed in range(1000):
-            kind = chance.choices(("drag", "grip", "wheel", "alt", "display"), (40, 20, 30, 8, 2))[0]
+            kind = chance.choices(("drag", "grip", "wheel", "alt", "display", "hide"), (40, 20, 29, 7, 2, 2))[0]
+            if kind == "hide":
+                place = orb.place
+                orb.taken_away()
+                orb.called_back()
+                assert orb.place == place
+                continue
             if kind == "display":
                 plugged = not plugged
                 if plugged:

@@ -2,10 +2,9 @@
 
 import numpy
 import pytest
-from Xlib.ext import shape
 
 from harness import Desktop, Head, Rectangle, wait_for
-from orb_hand import OrbHand, owned
+from orb_hand import OrbHand, cut, owned, uncut
 
 
 @pytest.fixture
@@ -89,6 +88,34 @@ def test_the_pointer_is_taken_by_the_disc_and_the_grip_alone_at_every_scale_and_
                 wait_for(lambda side=side: abs(orb.place.width - side) > 30, 3, "the new size")
             wait_for(lambda: taken_as_it_should_be(orb, float(factor)), 3,
                      f"the outline of a side of {orb.place.width} at scale {factor}")
+            orb.taken_away()
+            orb.called_back()
+            wait_for(lambda: taken_as_it_should_be(orb, float(factor)), 3, "the outline after a hiding")
+
+
+def test_the_outline_follows_a_scale_that_changes():
+    with Desktop(sound="none", tray="none") as desktop:
+        orb = start(desktop, size=120)
+        for factor in (1.25, 1.5, 2, 1):
+            desktop.xsettings.set_resolution(round(96 * factor))
+            wait_for(lambda factor=factor: orb.place.width == round(120 * factor), 3, f"an orb at scale {factor}")
+            wait_for(lambda factor=factor: taken_as_it_should_be(orb, factor), 3, f"the outline at scale {factor}")
+
+
+def test_it_rises_above_a_full_screen_window_that_is_raised_where_nobody_manages_windows():
+    with Desktop(window_manager="none", sound="none", tray="none") as desktop:
+        orb = start(desktop)
+        width, height = desktop.x11.size()
+        full = desktop.window("Full", Rectangle(0, 0, width, height))
+        for _ in range(3):
+            wait_for(lambda: desktop.x11.order(orb.window, full.window()) > 0, 3, "the orb above")
+            resource = desktop.x11.display.create_resource_object("window", full.window().id)
+            resource.raise_window()
+            desktop.x11.display.sync()
+        wait_for(lambda: desktop.x11.order(orb.window, full.window()) > 0, 3, "the orb above")
+        orb.remind()
+        desktop.pointer.click(*orb.at(0, -20))
+        wait_for(lambda: not orb.reminding(), 3, "the click above a full-screen window")
 
 
 def taken_as_it_should_be(orb: OrbHand, scale: float) -> bool:
@@ -120,22 +147,6 @@ def test_it_is_hidden_by_nothing_and_lies_above_a_full_screen_window(orb: OrbHan
     orb.remind()
     desktop.pointer.click(*orb.at(0, -20))
     wait_for(lambda: not orb.reminding(), 3, "the click above a full-screen window")
-
-
-def bounding(orb: OrbHand) -> list:
-    resource = orb.desktop.x11.display.create_resource_object("window", orb.window.id)
-    return resource.shape_get_rectangles(shape.SK.Bounding).rectangles
-
-
-def cut(orb: OrbHand) -> bool:
-    """Whether the window is cut to the outline that also takes the pointer."""
-    bound = [(r.x, r.y, r.width, r.height) for r in bounding(orb)]
-    taken = [(r.x, r.y, r.width, r.height) for r in orb.desktop.x11.input_region(orb.window.id)]
-    return len(bound) > 1 and bound == taken
-
-
-def uncut(orb: OrbHand) -> bool:
-    return [(r.x, r.y, r.width, r.height) for r in bounding(orb)] == [(0, 0, orb.place.width, orb.place.height)]
 
 
 @pytest.mark.parametrize("manager", ["openbox", "xfwm4-plain"])

@@ -9,6 +9,10 @@ from .waiting import COMING_UP, wait_for
 NAME = "org.freedesktop.login1"
 PATH = "/org/freedesktop/login1"
 MANAGER = "org.freedesktop.login1.Manager"
+SESSION = "org.freedesktop.login1.Session"
+# What programs ask for that have not been told which session is theirs.
+_OWN = "auto"
+_MOCK = "org.freedesktop.DBus.Mock"
 
 
 class Logind:
@@ -37,6 +41,15 @@ class Logind:
         """Announces that the machine has woken up."""
         self._prepare_for_sleep(False)
 
+    def open_session(self) -> None:
+        """Opens the session that programs take for their own; it is not locked."""
+        self._bus.call(NAME, PATH, _MOCK, "AddSession",
+                       GLib.Variant("(ssusb)", (_OWN, "seat0", 1000, "tester", True)))
+
+    def lock(self, locked: bool) -> None:
+        """Says of the session that it is locked, or no longer, as a screen locker makes it do."""
+        self._bus.call(NAME, f"{PATH}/session/{_OWN}", SESSION, "SetLockedHint", GLib.Variant("(b)", (locked,)))
+
     def _prepare_for_sleep(self, sleeping: bool) -> None:
-        self._bus.call(NAME, PATH, "org.freedesktop.DBus.Mock", "EmitSignal", GLib.Variant(
+        self._bus.call(NAME, PATH, _MOCK, "EmitSignal", GLib.Variant(
             "(sssav)", (MANAGER, "PrepareForSleep", "b", [GLib.Variant("b", sleeping)])))
