@@ -5,7 +5,7 @@
 # To build the program.
 packages_build=(
     g++ cmake ninja-build pkg-config
-    qt6-base-dev qt6-l10n-tools libtomlplusplus-dev libcanberra-dev libxcb1-dev libxcb-dpms0-dev libxcb-screensaver0-dev libxcb-shape0-dev libxcb-shm0-dev libxcb-xfixes0-dev
+    qt6-base-dev qt6-base-private-dev qt6-l10n-tools libtomlplusplus-dev libcanberra-dev libxcb1-dev libxcb-dpms0-dev libxcb-screensaver0-dev libxcb-shape0-dev libxcb-shm0-dev libxcb-xfixes0-dev
 )
 # To run it: the toolkit's plugins, a font to write with, the way to the sound server.
 packages_run=(libqt6gui6 libqt6dbus6 libcanberra-pulse fonts-dejavu-core)

@@ -170,7 +170,7 @@ void SettingsPanel::displaysChanged()
     QRect const frame(pos(), size().grownBy(m_frame));
     auto const screens = QGuiApplication::screens();
     bool const whole = std::ranges::any_of(screens,
-        [&](QScreen const* screen) { return screen->availableGeometry().contains(frame); });
+        [&](QScreen const* screen) { return ToolkitDisplays::visible(*screen).contains(frame); });
     if (!whole)
         positionSettings();
 }

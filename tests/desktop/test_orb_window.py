@@ -5,6 +5,7 @@ import pytest
 
 from harness import Desktop, Head, Rectangle, wait_for
 from orb_hand import OrbHand, cut, owned, uncut
+from settings_form import SettingsForm
 
 
 @pytest.fixture
@@ -194,6 +195,22 @@ def test_unplugging_its_display_brings_it_to_the_default_corner_of_the_main_one(
         desktop.display_server.unplug(1)
         wait_for(lambda: orb.place == Rectangle(1280 - 120 - 28, 800 - 120 - 36, 120, 120), 3, "the corner")
         wait_for(orb.saved_where_it_stands, 3, "the saved place")
+
+
+@pytest.mark.parametrize("scale", [1, 2])
+def test_unplugging_the_main_display_on_the_left_brings_it_onto_the_other_one(scale: int):
+    heads = [Head(1280 * scale, 800 * scale), Head(1024 * scale, 768 * scale, x=1280 * scale)]
+    with Desktop(scale=scale, heads=heads, sound="none") as desktop:
+        orb = start(desktop, size=120, x=1000, y=300)
+        assert orb.place.x == 1000 * scale
+        # The other display moves to where this one was.
+        desktop.display_server.unplug(0)
+        wait_for(lambda: desktop.x11.size() == (1024 * scale, 768 * scale), 3, "the display that is left")
+        corner = ((1024 - 120 - 28) * scale, (768 - 120 - 36) * scale)
+        wait_for(lambda: (orb.place.x, orb.place.y) == corner, 3, "the corner of the other display")
+        wait_for(orb.saved_where_it_stands, 3, "the saved place")
+        frame = SettingsForm.open(desktop, orb.program).at_rest()
+        assert 0 <= frame.x and frame.x + frame.width <= orb.place.x
 
 
 def test_a_display_that_shrinks_pulls_the_orb_along():

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <qpa/qplatformscreen.h>
 
 #include <chrono>
 
@@ -17,6 +18,19 @@ Rect rect(QRect const& r)
         .y = static_cast<double>(r.y()),
         .width = static_cast<double>(r.width()),
         .height = static_cast<double>(r.height())};
+}
+
+/// How far the screen is from where the toolkit says: when the left one of two displays goes, the
+/// other one moves, and of that only the toolkit's innermost layer hears. The corner is the same in
+/// pixels and in points.
+QPoint missedMove(QScreen const& screen)
+{
+    return screen.handle()->geometry().topLeft() - screen.geometry().topLeft();
+}
+
+QRect place(QScreen const& screen)
+{
+    return screen.geometry().translated(missedMove(screen));
 }
 
 } // namespace
@@ -54,11 +68,9 @@ std::vector<Display> ToolkitDisplays::all() const
     std::vector<Display> displays;
     auto const convert = coordinates();
     for (auto const* screen : QGuiApplication::screens()) {
-        // Scaled to points, an odd number of pixels may round to a row outside the screen.
         displays.push_back({.id = *id(screen),
-            .frames = {.frame = convert.fromToolkit(rect(screen->geometry())),
-                .visible
-                = convert.fromToolkit(rect(screen->availableGeometry() & screen->geometry()))}});
+            .frames = {.frame = convert.fromToolkit(rect(place(*screen))),
+                .visible = convert.fromToolkit(rect(visible(*screen)))}});
     }
     return displays;
 }
@@ -66,6 +78,12 @@ std::vector<Display> ToolkitDisplays::all() const
 std::optional<DisplayId> ToolkitDisplays::main() const
 {
     return id(QGuiApplication::primaryScreen());
+}
+
+QRect ToolkitDisplays::visible(QScreen const& screen)
+{
+    // Scaled to points, an odd number of pixels may round to a row outside the screen.
+    return screen.availableGeometry().translated(missedMove(screen)) & place(screen);
 }
 
 QScreen* ToolkitDisplays::screen(std::optional<DisplayId> id)
@@ -87,7 +105,7 @@ std::optional<DisplayId> ToolkitDisplays::id(QScreen const* screen)
 DesktopCoordinates ToolkitDisplays::coordinates()
 {
     auto const* primary = QGuiApplication::primaryScreen();
-    return DesktopCoordinates(primary ? rect(primary->geometry()) : fallbackDisplay);
+    return DesktopCoordinates(primary ? rect(place(*primary)) : fallbackDisplay);
 }
 
 } // namespace velmora

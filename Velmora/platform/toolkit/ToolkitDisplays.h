@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 
+class QRect;
 class QScreen;
 
 namespace velmora {
@@ -23,6 +24,8 @@ public:
     /// The displays may have changed: `settled` follows, once they have.
     void disturb();
 
+    /// What a screen has free of panels, in the toolkit's coordinates.
+    [[nodiscard]] static QRect visible(QScreen const& screen);
     /// The toolkit's screen of a display, or none when it has gone.
     [[nodiscard]] static QScreen* screen(std::optional<DisplayId> id);
     /// The display of a toolkit screen; absent for no screen.
