@@ -36,6 +36,14 @@ private:
     std::optional<FocusSender> m_sender;
 };
 
+/// The bus's library ends a process that makes a call while the bus is going, and the toolkit makes
+/// such calls: the library is to say so and go on. Who debugs may have chosen otherwise.
+void outliveTheBus()
+{
+    if (!qEnvironmentVariableIsSet("DBUS_FATAL_WARNINGS"))
+        qputenv("DBUS_FATAL_WARNINGS", "0");
+}
+
 /// Writes in the font that was chosen for the whole desktop.
 void wearDesktopFont()
 {
@@ -56,6 +64,7 @@ public:
         : m_arguments(arguments)
         , m_session(displaySession(arguments))
     {
+        outliveTheBus();
     }
 
     [[nodiscard]] Peers& peers() override { return m_peers; }
