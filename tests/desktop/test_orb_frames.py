@@ -33,11 +33,21 @@ class Frames:
     def within(self, seconds: float) -> int:
         """How many frames were drawn in that time; what came before is forgotten."""
         self._drain()
-        count, end = 0, time.monotonic() + seconds
-        while time.monotonic() < end:
+        count, start = 0, time.monotonic()
+        while time.monotonic() < start + seconds:
             count += self._drain()
             time.sleep(0.002)
+        # On a busy machine it takes longer.
+        self.seconds = time.monotonic() - start
         return count
+
+    def pace(self) -> float:
+        """Frames a second, seen for three seconds; the one that was under way is not counted."""
+        return (self.within(3) - 1) / self.seconds
+
+    def stand_still(self) -> bool:
+        """Whether no frame at all was drawn for longer than a busy machine keeps one waiting."""
+        return self.within(2) == 0
 
     def _drain(self) -> int:
         count = 0
@@ -65,15 +75,16 @@ def orb(desktop: Desktop) -> OrbHand:
 
 def test_it_draws_at_most_thirty_frames_a_second(desktop: Desktop, orb: OrbHand):
     with Frames(desktop, orb.window.id) as frames:
-        assert 20 * 3 <= frames.within(3) <= 30 * 3 + 1
+        wait_for(lambda: 20 <= frames.pace() <= 30, 5, "thirty frames a second, or a few less")
+        assert frames.pace() <= 30
 
 
 def test_with_reduced_motion_it_draws_eight_frames_a_second(desktop: Desktop, orb: OrbHand):
     desktop.xsettings.enable_animations(False)
     try:
         with Frames(desktop, orb.window.id) as frames:
-            wait_for(lambda: frames.within(1) <= 9, 5, "the calm pace")
-            assert 6 * 3 <= frames.within(3) <= 8 * 3 + 1
+            wait_for(lambda: 6 <= frames.pace() <= 8, 5, "eight frames a second, or a few less")
+            assert frames.pace() <= 8
     finally:
         desktop.xsettings.enable_animations(True)
 
@@ -81,9 +92,9 @@ def test_with_reduced_motion_it_draws_eight_frames_a_second(desktop: Desktop, or
 def test_a_locked_session_sees_no_frames(desktop: Desktop, orb: OrbHand):
     with Frames(desktop, orb.window.id) as frames:
         desktop.session_bus.emit("/ScreenSaver", SAVER, "ActiveChanged", GLib.Variant("(b)", (True,)))
-        wait_for(lambda: frames.within(0.3) == 0, 3, "the last frame")
+        wait_for(frames.stand_still, 3, "the last frame")
         before = orb.program.cost()
-        assert frames.within(2) == 0
+        assert frames.stand_still()
         # Frames would make it sixty and more.
         assert orb.program.cost().since(before).switches <= 30
         desktop.session_bus.emit("/ScreenSaver", SAVER, "ActiveChanged", GLib.Variant("(b)", (False,)))
@@ -97,8 +108,7 @@ def test_a_session_that_the_login_manager_calls_locked_sees_no_frames(desktop: D
         for _ in range(2):
             wait_for(lambda: frames.within(0.3) > 3, 4, "frames")
             desktop.logind.lock(True)
-            wait_for(lambda: frames.within(0.3) == 0, 3, "the last frame")
-            assert frames.within(1.5) == 0
+            wait_for(frames.stand_still, 3, "the last frame")
             desktop.logind.lock(False)
         wait_for(lambda: frames.within(0.3) > 3, 4, "frames again")
         # One that starts in a locked session asks, and the orb stands still from the start.
@@ -106,8 +116,7 @@ def test_a_session_that_the_login_manager_calls_locked_sees_no_frames(desktop: D
     desktop.logind.lock(True)
     orb = OrbHand(desktop, desktop.run())
     with Frames(desktop, orb.window.id) as frames:
-        wait_for(lambda: frames.within(0.3) == 0, 3, "the last frame")
-        assert frames.within(1) == 0
+        wait_for(frames.stand_still, 3, "the last frame")
         desktop.logind.lock(False)
         wait_for(lambda: frames.within(0.3) > 3, 4, "frames once it is unlocked")
     orb.program.stop()
@@ -116,7 +125,6 @@ def test_a_session_that_the_login_manager_calls_locked_sees_no_frames(desktop: D
 def test_a_blanked_display_shows_no_frames(desktop: Desktop, orb: OrbHand):
     with Frames(desktop, orb.window.id) as frames:
         desktop.processes.run(["xset", "s", "activate"])
-        wait_for(lambda: frames.within(0.3) == 0, 5, "the last frame")
-        assert frames.within(1.5) == 0
+        wait_for(frames.stand_still, 5, "the last frame")
         desktop.processes.run(["xset", "s", "reset"])
         wait_for(lambda: frames.within(0.3) > 3, 4, "frames again")
