@@ -5,6 +5,7 @@
 #include <QRgb>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 
@@ -39,9 +40,12 @@ void drawOver(QImage& canvas, QImage const& picture, QPoint corner, double opaci
         auto const* source = reinterpret_cast<QRgb const*>(picture.constScanLine(y - corner.y()));
         auto* target = reinterpret_cast<QRgb*>(canvas.scanLine(y));
         for (int x = area.left(); x <= area.right(); ++x) {
-            auto const over = scaled(source[x - corner.x()], factor);
-            if (over != 0)
-                target[x] = over + scaled(target[x], opaque - (over >> 24U));
+            auto const pixel = source[x - corner.x()];
+            // Most of a picture of words is empty.
+            if (pixel == 0)
+                continue;
+            auto const over = scaled(pixel, factor);
+            target[x] = over + scaled(target[x], opaque - (over >> 24U));
         }
     }
 }
@@ -50,10 +54,15 @@ void drawUnder(QImage& canvas, QColor const& ground)
 {
     constexpr std::uint32_t opaque = 255;
     auto const colour = ground.rgba();
+    // What is seen of the ground through each alpha: a frame has far more pixels than that.
+    std::array<std::uint32_t, opaque + 1> seen = {};
+    for (std::uint32_t alpha = 0; alpha <= opaque; ++alpha)
+        seen[alpha] = scaled(colour, opaque - alpha);
+    auto const width = canvas.width();
     for (int y = 0; y < canvas.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(canvas.scanLine(y));
-        for (int x = 0; x < canvas.width(); ++x)
-            row[x] += scaled(colour, opaque - (row[x] >> 24U));
+        for (int x = 0; x < width; ++x)
+            row[x] += seen[row[x] >> 24U];
     }
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace velmora {
@@ -77,6 +78,20 @@ TEST(PictureOverlay, AGroundShowsThroughWhatIsNotOpaque)
     drawUnder(canvas, QColor(26, 34, 32));
     EXPECT_EQ(pixel(canvas, 0, 0), qRgba(26, 34, 32, 255));
     EXPECT_EQ(pixel(canvas, 1, 0), qRgba(100, 0, 0, 255));
+}
+
+TEST(PictureOverlay, AGroundShowsThroughEachAlphaInItsShare)
+{
+    auto canvas = filled(QSize(256, 1), 0);
+    for (int alpha = 0; alpha <= 255; ++alpha)
+        reinterpret_cast<QRgb*>(canvas.scanLine(0))[alpha] = qRgba(0, 0, 0, alpha);
+    drawUnder(canvas, QColor(26, 200, 255));
+    for (int alpha = 0; alpha <= 255; ++alpha) {
+        auto const share = [alpha](int level) {
+            return static_cast<int>(std::lround(level * (255 - alpha) / 255.0));
+        };
+        EXPECT_EQ(pixel(canvas, alpha, 0), qRgba(share(26), share(200), share(255), 255)) << alpha;
+    }
 }
 
 TEST(PictureOverlay, APaintedOverlayStandsOnWholePixelsAroundItsArea)
