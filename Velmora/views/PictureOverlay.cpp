@@ -30,10 +30,10 @@ std::uint32_t scaled(std::uint32_t pixel, std::uint32_t factor)
 
 void drawOver(QImage& canvas, QImage const& picture, QPoint corner, double opacity)
 {
-    constexpr std::uint32_t opaque = 255;
+    constexpr std::uint32_t whole = 255;
     auto const area = QRect(corner, picture.size()).intersected(QRect(QPoint(0, 0), canvas.size()));
     auto const factor
-        = static_cast<std::uint32_t>(std::lround(std::clamp(opacity, 0.0, 1.0) * opaque));
+        = static_cast<std::uint32_t>(std::lround(std::clamp(opacity, 0.0, 1.0) * whole));
     if (area.isEmpty() || factor == 0)
         return;
     for (int y = area.top(); y <= area.bottom(); ++y) {
@@ -44,23 +44,25 @@ void drawOver(QImage& canvas, QImage const& picture, QPoint corner, double opaci
             // Most of a picture of words is empty.
             if (pixel == 0)
                 continue;
-            auto const over = scaled(pixel, factor);
-            target[x] = over + scaled(target[x], opaque - (over >> 24U));
+            auto const over = factor == whole ? pixel : scaled(pixel, factor);
+            target[x] = over + scaled(target[x], whole - (over >> 24U));
         }
     }
 }
 
 void drawUnder(QImage& canvas, QColor const& ground)
 {
-    constexpr std::uint32_t opaque = 255;
+    constexpr std::uint32_t whole = 255;
     auto const colour = ground.rgba();
     // What is seen of the ground through each alpha: a frame has far more pixels than that.
-    std::array<std::uint32_t, opaque + 1> seen = {};
-    for (std::uint32_t alpha = 0; alpha <= opaque; ++alpha)
-        seen[alpha] = scaled(colour, opaque - alpha);
+    std::array<std::uint32_t, whole + 1> seen = {};
+    for (std::uint32_t alpha = 0; alpha <= whole; ++alpha)
+        seen[alpha] = scaled(colour, whole - alpha);
+    // Asked once: the toolkit's answers cost more than a pixel.
     auto const width = canvas.width();
-    for (int y = 0; y < canvas.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(canvas.scanLine(y));
+    auto const height = canvas.height();
+    for (int y = 0; y < height; ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(canvas.scanLine(y));
         for (int x = 0; x < width; ++x)
             row[x] += seen[row[x] >> 24U];
     }
