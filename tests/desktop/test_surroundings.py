@@ -80,13 +80,19 @@ def test_a_display_plugged_in_leaves_the_orb_where_it_is_and_under_the_hand():
 
 def test_a_display_that_grows_leaves_the_orb_reachable_and_the_settings_beside_it():
     with Desktop(sound="none") as desktop:
+        # In the middle of the larger display, and near the lower edge of the smaller one.
+        desktop.settings.write(widgetSize=120.0, widgetOriginX=900.0, widgetOriginY=200.0, hasSavedOrigin=True)
         program = desktop.run()
         orb = OrbHand(desktop, program)
+        before = orb.place
         desktop.display_server.plug(0, Head(1920, 1080))
         wait_for(lambda: desktop.x11.size() == (1920, 1080), 3, "the larger display")
+        wait_for(orb.saved_where_it_stands, 3, "its place counted from the new lower edge")
         form = SettingsForm.open(desktop, program)
         frame = form.at_rest()
-        assert frame.x >= 0 and frame.x + frame.width <= 1920 and frame.y + frame.height <= 1080
+        assert orb.place == before
+        assert abs(frame.x + frame.width + 16 - before.x) <= 1
+        assert abs(frame.centre[1] - before.centre[1]) <= 2
         orb.remind()
         desktop.pointer.click(*orb.at(0, -20))
         wait_for(lambda: not orb.reminding(), 3, "the reminder's end")
