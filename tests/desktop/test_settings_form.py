@@ -115,8 +115,12 @@ def test_without_the_chime_there_is_no_volume_and_no_preview(form: SettingsForm)
 def test_the_chime_is_heard_once_when_the_volume_was_dragged(form: SettingsForm, desktop: Desktop):
     place = form.place("Chime volume")
     with desktop.sound.listen() as ear:
-        start = (place.x + place.width // 2, place.centre[1])
-        desktop.pointer.drag(start, (place.x + place.width * 3 // 4, start[1]))
+        desktop.pointer.move(place.x + place.width // 2, place.centre[1])
+        desktop.pointer.press()
+        desktop.pointer.move(place.x + place.width * 3 // 4, place.centre[1])
+        wait_for(lambda: form.control("Chime volume").value > 0.7, 3, "the volume to follow")
+        watch(lambda: not ear.sounds(), 1, "silence until it is let go")
+        desktop.pointer.release()
         wait_for(lambda: ear.sounds(), 5, "the chime")
         watch(lambda: len(ear.sounds()) == 1, 2, "one chime only")
 
