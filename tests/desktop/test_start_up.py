@@ -109,10 +109,11 @@ def test_both_flags_are_passed_on_and_what_only_resembles_them_is_not(plain):
 def test_the_first_launch_honours_both_flags_settings_first(plain):
     start = time.monotonic()
     program = plain.run("--preview", "--settings")
+    program.wait_for_status("Velmora", 5)
+    assert time.monotonic() - start >= 0.35
+    # Asked of the program itself, for a window manager may be slow to show a window.
+    assert program.accessible.find(role="dialog"), "the settings, before the reminder"
     wait_for(lambda: len(program.windows()) == 2, 5, "the settings panel")
-    shown = time.monotonic()
-    program.wait_for_status("Velmora", 3)
-    assert time.monotonic() - start >= 0.35 and time.monotonic() - shown < 10
 
 
 def test_a_second_launch_needs_no_display_and_no_bus():
