@@ -1,5 +1,7 @@
 """Starting the program: one instance, the focus request, the lock file."""
 
+import os
+import shlex
 import subprocess
 import time
 
@@ -223,10 +225,13 @@ def test_unknown_arguments_are_ignored(plain):
 
 def test_closed_standard_streams_do_no_harm(plain):
     lock = plain.home / LOCK
-    first = plain.run()
+    closed = plain.folder / "closed"
+    closed.write_text(f"#!/bin/sh\nexec {shlex.quote(str(program_path()))} <&- >&- 2>&-\n")
+    closed.chmod(0o755)
+    first = plain.run(path=closed)
     first.wait_for_orb()
-    script = 'exec "$0" <&- >&- 2>&-'
-    done = subprocess.run(["/bin/sh", "-c", script, str(program_path())], env=plain.environment,
-                          timeout=PATIENCE)
-    assert done.returncode == 0
+    # What is said goes nowhere, instead of into a file that was given one of the free numbers.
+    assert [os.readlink(f"/proc/{first.pid}/fd/{number}") for number in range(3)] == ["/dev/null"] * 3
+    assert plain.run(path=closed).wait() == 0
     assert lock.read_text() == f"{first.pid}\n"
+    assert first.stop() == 0
