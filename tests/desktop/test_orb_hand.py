@@ -129,6 +129,15 @@ def test_a_hundred_small_resizes_leave_the_centre_where_it_is(orb: OrbHand):
     pointer.wheel(3)
     wait_for(lambda: orb.side == 152, 5, "all that and three notches more")
     assert max(abs(a - b) for a, b in zip(orb.place.centre, centre)) <= orb.scale
+    # A point more or less moves the corners by half a point, which must not add up either.
+    start = orb.grip()
+    pointer.move(*start)
+    pointer.press()
+    for turn in range(1, 21):
+        pointer.move(start[0] + turn % 2 * orb.scale, start[1])
+        wait_for(lambda turn=turn: orb.side == 152 + turn % 2, 3, "a point more or less")
+    pointer.release()
+    assert max(abs(a - b) for a, b in zip(orb.place.centre, centre)) <= orb.scale
 
 
 def test_a_press_that_never_moves_ends_a_reminder_and_so_does_the_second_of_two_quick_ones(orb: OrbHand):
