@@ -166,6 +166,8 @@ def test_the_buttons_pause_and_open_the_settings(orb: OrbHand):
     wait_for(lambda: orb.status == "Paused", 3, "the pause")
     orb.desktop.pointer.click(*orb.button("pause"))
     wait_for(lambda: orb.status.startswith("Next in"), 3, "the countdown")
+    orb.desktop.pointer.click(*orb.button("settings"))
+    wait_for(lambda: any(not window.override_redirect for window in orb.program.windows()), 3, "the settings")
 
 
 def test_a_button_tells_what_it_does(orb: OrbHand):
