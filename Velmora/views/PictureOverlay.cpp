@@ -55,8 +55,8 @@ void drawUnder(QImage& canvas, QColor const& ground)
     constexpr std::uint32_t whole = 255;
     auto const colour = ground.rgba();
     // What is seen of the ground through each alpha: a frame has far more pixels than that.
-    std::array<std::uint32_t, whole + 1> seen = {};
-    for (std::uint32_t alpha = 0; alpha <= whole; ++alpha)
+    std::array<std::uint32_t, 256> seen = {};
+    for (std::uint32_t alpha = 0; alpha < seen.size(); ++alpha)
         seen[alpha] = scaled(colour, whole - alpha);
     // Asked once: the toolkit's answers cost more than a pixel.
     auto const width = canvas.width();
