@@ -161,7 +161,8 @@ def test_without_a_compositor_there_is_no_black_corner(manager: str):
         assert numpy.median(corner) > 200, "the letter's paper shows through"
         desktop.pointer.move(*orb.at())
         desktop.pointer.wheel(4)
-        wait_for(lambda: orb.side > 140 and cut(orb), 3, "the outline of the new size")
+        wait_for(lambda: orb.side > 140 and cut(orb) and taken_as_it_should_be(orb, 1), 3,
+                 "the outline of the new size")
 
 
 def test_a_compositor_that_ends_and_returns_cuts_the_window_and_sets_it_free(orb: OrbHand):
