@@ -179,16 +179,22 @@ def test_a_button_tells_what_it_does(orb: OrbHand):
 
 
 def test_the_buttons_show_under_the_pointer_and_through_a_drag_that_leaves_the_orb(orb: OrbHand):
-    pointer = orb.desktop.pointer
+    pointer, edge = orb.desktop.pointer, 1280 * orb.scale
+    # Room for the pointer beyond the display that the orb keeps to.
+    orb.desktop.display_server.plug(1, Head(1024 * orb.scale, 768 * orb.scale, x=edge))
+    wait_for(lambda: orb.desktop.x11.size()[0] > edge, 3, "the second display")
     pointer.move(5, 5)
     wait_for(lambda: not orb.buttons_shown(), 2, "no buttons")
     orb.hover()
     pointer.press()
     start = orb.at(0, -20)
     for step in range(12):
-        pointer.move(start[0] - step * 60 * orb.scale, start[1])
-    watch(orb.buttons_shown, 0.5, "the buttons show while the orb is dragged beyond its bound")
+        pointer.move(start[0] + step * 80 * orb.scale, start[1])
+    wait_for(lambda: abs(orb.place.x + 0.65 * orb.place.width - edge) <= orb.scale, 3, "the orb at its bound")
+    wait_for(orb.buttons_shown, 3, "the orb drawn there")
+    watch(orb.buttons_shown, 1, "the buttons show while the orb is dragged beyond its bound")
     pointer.release()
+    orb.hover()
     pointer.move(5, 5)
     wait_for(lambda: not orb.buttons_shown(), 2, "no buttons again")
 
