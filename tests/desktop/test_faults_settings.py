@@ -11,7 +11,7 @@ from pathlib import Path
 import pytest
 
 from confinement import mortal, mounted, needs_root, seen_by
-from harness import Desktop, Program, wait_for
+from harness import Desktop, Program, wait_for, watch
 
 KEYS = {"intervalMinutes", "startMinutes", "endMinutes", "allDay", "soundEnabled", "soundVolume",
         "paused", "openAtLogin", "widgetSize", "widgetOriginX", "widgetOriginY", "hasSavedOrigin",
@@ -112,9 +112,11 @@ def test_on_a_full_disk_it_goes_on_and_saves_when_there_is_room(plain):
     with filling.open("wb", buffering=0) as file, pytest.raises(OSError):
         while True:
             file.write(bytes(4096))
-    for _ in range(3):
+    # An even number, so that the last toggle says something else than the file.
+    for _ in range(4):
         toggle(program)
-    assert path.read_text() == before and not aside(path)
+    # Long enough for a save to be tried, and to fail.
+    watch(lambda: path.read_text() == before and not aside(path), 2.5, "the file as it was")
     assert sorted(each.name for each in path.parent.iterdir()) == ["defaults.toml", "filling"]
     filling.unlink()
     toggle_and_find(program, path)
@@ -128,9 +130,11 @@ def test_in_a_folder_that_may_only_be_read_it_goes_on_and_saves_when_it_may(plai
     toggle_and_find(program, path)
     before = path.read_text()
     path.parent.chmod(0o500)
-    for _ in range(3):
+    # An even number, so that the last toggle says something else than the file.
+    for _ in range(4):
         toggle(program)
-    assert path.read_text() == before
+    # Long enough for a save to be tried, and to fail.
+    watch(lambda: path.read_text() == before, 2.5, "the file as it was")
     path.parent.chmod(0o700)
     toggle_and_find(program, path)
     assert not aside(path)
