@@ -64,6 +64,10 @@ class Bus:
         except GLib.Error:
             return None
 
+    def id(self) -> str:
+        """The bus's own identity."""
+        return self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId")[0]
+
     def names(self) -> list[str]:
         """Every name on the bus, the unique ones too."""
         return self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
@@ -99,6 +103,8 @@ class Bus:
             heard(source, arguments.unpack())
         self.connection.signal_subscribe(sender, interface, signal, path, None,
                                          Gio.DBusSignalFlags.NONE, deliver)
+        # The bus takes messages in their order: once it has answered, it knows who listens.
+        self.id()
 
 
 def connect(address: str) -> Gio.DBusConnection:
