@@ -1,8 +1,9 @@
 #!/bin/bash
 # Installs what is missing and runs every test: ./scripts/test.sh [--all]
 #
-# With --all the long matrix of desktop tests runs as well, the tests under the thread sanitizer, the
-# desktop tests of a program built with the other sanitizers, the fuzzers for long, and an hour's run.
+# With --all the long matrix of desktop tests runs as well, clang's analyzer, the tests under the thread
+# sanitizer, the desktop tests of a program built with the other sanitizers, the fuzzers for long, and an
+# hour's run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/stages.sh
@@ -46,6 +47,7 @@ stage "Testing under the address and undefined-behaviour sanitizers" asan cmake 
 stage "Linting" lint cmake --workflow --preset lint
 stage "Testing the program on virtual desktops" desktop desktop_tests
 if [ -n "$all" ]; then
+    stage "Following every path through the code" lint-deep cmake --workflow --preset lint-deep
     stage "Testing under the thread sanitizer" tsan cmake --workflow --preset tsan
     stage "Testing a sanitized program on virtual desktops" desktop-asan sanitized_desktop_tests
     stage "Building the fuzzers and letting them loose for a short while" fuzz cmake --workflow --preset fuzz
