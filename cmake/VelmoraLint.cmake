@@ -37,7 +37,8 @@ set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
 # What it found in a file is kept until the file changes.
 file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/cppcheck")
 add_custom_target(lint
-    COMMAND "${VELMORA_CPPCHECK}" -j 2 --cppcheck-build-dir=${CMAKE_BINARY_DIR}/cppcheck -I . --std=c++20 --library=qt --library=googletest
+    COMMAND "${VELMORA_CPPCHECK}" -j 2 "--cppcheck-build-dir=${CMAKE_BINARY_DIR}/cppcheck"
+        -I . --std=c++20 --library=qt --library=googletest
         --enable=warning,performance,portability --inline-suppr --error-exitcode=1 --quiet
         --suppress=passedByValue --suppress=getsCalled
         Velmora tests bench
