@@ -10,6 +10,29 @@ constexpr float levelSteps = 1 << Backdrop::levelBits;
 /// Each of four roundings may lift a colour or lower its alpha by a step.
 constexpr float alphaAhead = 5;
 
+/// One channel of the ground, and how far the glow and the shadow take it from there.
+class Mixture {
+public:
+    Mixture(float ground, float glow, float shadow, float rounding = levelSteps / 2)
+        : m_ground(splat(ground * levelSteps + rounding))
+        , m_toGlow(splat((glow - ground) * levelSteps))
+        , m_toShadow(splat((shadow - ground) * levelSteps))
+    {
+    }
+
+    /// Four pixels, in steps, twice.
+    [[nodiscard]] Numbers of(Lanes lit, Lanes dark) const
+    {
+        Lanes const sum = m_ground + lit * m_toGlow + dark * m_toShadow;
+        return numbers(sum, sum);
+    }
+
+private:
+    Lanes m_ground;
+    Lanes m_toGlow;
+    Lanes m_toShadow;
+};
+
 std::size_t index(int at)
 {
     return static_cast<std::size_t>(at);
@@ -17,8 +40,8 @@ std::size_t index(int at)
 
 } // namespace
 
-void Backdrop::compose(CellGrid const& grid, SoftPlane const& glow, float glowOpacity,
-    LevelColor const& color, SoftPlane const& shadow, float shadowOpacity, float full, int width)
+void Backdrop::compose(CellGrid const& grid, Paint const& paint, SoftPlane const& glow,
+    SoftPlane const& shadow, int width)
 {
     m_grid = grid;
     m_width = width;
@@ -29,20 +52,20 @@ void Backdrop::compose(CellGrid const& grid, SoftPlane const& glow, float glowOp
     std::size_t const room = index(width + 2 * overshoot) * 4;
     m_middle.resize(std::max(m_middle.size(), room));
     m_step.resize(std::max(m_step.size(), room));
-    Lanes const rounding = splat(levelSteps / 2);
-    Lanes const ahead = splat(levelSteps / 2 + alphaAhead);
+    Mixture const alpha(paint.bare, paint.full, paint.full, levelSteps / 2 + alphaAhead);
+    Mixture const red(paint.ground.red, paint.glow.red, paint.shadow.red);
+    Mixture const green(paint.ground.green, paint.glow.green, paint.shadow.green);
+    Mixture const blue(paint.ground.blue, paint.glow.blue, paint.shadow.blue);
+    Lanes const glowOpacity = splat(paint.glowOpacity);
+    Lanes const shadowOpacity = splat(paint.shadowOpacity);
     for (int row = 0; row < grid.rows; ++row) {
         std::int16_t* out = m_cells.data() + index(row * grid.stride) * 4;
         for (int x = 0; x < grid.stride; x += 4, out += 16) {
-            Lanes const g = splat(glowOpacity * levelSteps) * load(glow.row(row) + x);
-            Lanes const s = splat(shadowOpacity) * load(shadow.row(row) + x);
-            Lanes const lit = g - g * s;
-            Lanes const dark = s * splat(levelSteps);
-            Lanes const nothing = splat(0);
-            FourPixels const four = pixels(numbers((lit + dark) * splat(full) + ahead, nothing),
-                numbers(lit * splat(color.red) + rounding, nothing),
-                numbers(lit * splat(color.green) + rounding, nothing),
-                numbers(lit * splat(color.blue) + rounding, nothing));
+            Lanes const light = glowOpacity * load(glow.row(row) + x);
+            Lanes const dark = shadowOpacity * load(shadow.row(row) + x);
+            Lanes const lit = light - light * dark;
+            FourPixels const four = pixels(
+                alpha.of(lit, dark), red.of(lit, dark), green.of(lit, dark), blue.of(lit, dark));
             store(out, four.first);
             store(out + 8, four.second);
         }

@@ -18,11 +18,9 @@ public:
     /// A pixel's channels are this many steps a level, as a power of two.
     static constexpr int levelBits = 7;
 
-    /// Composes the cells, for a picture of `width` pixels. The opacities are 0..1, `full` is the
-    /// level of an opaque alpha.
-    void compose(CellGrid const& grid, SoftPlane const& glow, float glowOpacity,
-        LevelColor const& color, SoftPlane const& shadow, float shadowOpacity, float full,
-        int width);
+    /// Composes the cells, for a picture of `width` pixels.
+    void compose(CellGrid const& grid, Paint const& paint, SoftPlane const& glow,
+        SoftPlane const& shadow, int width);
 
     /// Makes ready for pixels of row `y`.
     void beginRow(int y);

@@ -75,11 +75,14 @@ Vertex vertex(Polynomial const& x, Polynomial const& y, float t, float step)
 
 } // namespace
 
-void Contour::fit(double phase, double side)
+BlobOutline Contour::outline(double phase)
+{
+    return organicBlobOutline({.x = -0.5, .y = -0.5, .width = 1, .height = 1}, phase);
+}
+
+void Contour::fit(BlobOutline const& outline, double side)
 {
     float const tolerance = straying / static_cast<float>(side);
-    BlobOutline const outline
-        = organicBlobOutline({.x = -0.5, .y = -0.5, .width = 1, .height = 1}, phase);
     m_count = 0;
     m_reach = 0;
     OrbPoint from = outline.start;

@@ -20,8 +20,11 @@ public:
         std::array<float, maximumVertices> normalY;
     };
 
-    /// Fits the chain to the outline of `phase` closely enough for a square of `side` pixels.
-    void fit(double phase, double side);
+    /// The outline of `phase` that a chain is fitted to.
+    [[nodiscard]] static BlobOutline outline(double phase);
+
+    /// Fits the chain to an outline closely enough for a square of `side` pixels.
+    void fit(BlobOutline const& outline, double side);
 
     [[nodiscard]] Vertices const& vertices() const { return m_vertices; }
     [[nodiscard]] std::size_t count() const { return m_count; }

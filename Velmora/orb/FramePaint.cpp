@@ -17,6 +17,34 @@ LevelColor levels(OrbColor const& color, float full)
         .blue = share(color.blue) * white};
 }
 
+/// The colours of a stack over its ground. As every layer lets the same share of the ground
+/// through, each takes that share into its own colour, and nothing is left to be drawn below them.
+class Grounded {
+public:
+    Grounded(float opacity, std::optional<OrbColor> const& ground)
+        : m_full(255 * opacity)
+        , m_through(1 - opacity)
+    {
+        if (ground)
+            m_ground = levels(*ground, 255);
+    }
+
+    [[nodiscard]] LevelColor ground() const { return m_ground; }
+
+    [[nodiscard]] LevelColor color(OrbColor const& color) const
+    {
+        LevelColor const own = levels(color, m_full);
+        return {.red = own.red + m_through * m_ground.red,
+            .green = own.green + m_through * m_ground.green,
+            .blue = own.blue + m_through * m_ground.blue};
+    }
+
+private:
+    float m_full;
+    float m_through;
+    LevelColor m_ground;
+};
+
 } // namespace
 
 bool drawable(OrbFrame const& frame, double scale)
@@ -49,22 +77,26 @@ float share(double opacity)
     return opacity > 0 ? static_cast<float>(std::min(opacity, 1.0)) : 0;
 }
 
-Paint framePaint(OrbFrame const& frame, PixelTarget const& target, float opacity)
+Paint framePaint(OrbFrame const& frame, PixelTarget const& target, float opacity,
+    std::optional<OrbColor> const& ground)
 {
     BodyLayer const& body = frame.body;
-    float const full = 255 * opacity;
+    Grounded const stack(opacity, ground);
     double const grown = body.scale * target.scale;
     Paint paint = {
-        .glow = levels(frame.glow.color, full),
-        .rim = levels(frame.rim.color, full),
-        .highlight = levels(frame.highlight.color, full),
+        .ground = stack.ground(),
+        .glow = stack.color(frame.glow.color),
+        .shadow = stack.color({}),
+        .rim = stack.color(frame.rim.color),
+        .highlight = stack.color(frame.highlight.color),
         .stops
-        = {levels(body.stops[0], full), levels(body.stops[1], full), levels(body.stops[2], full)},
+        = {stack.color(body.stops[0]), stack.color(body.stops[1]), stack.color(body.stops[2])},
         .glowOpacity = share(frame.glow.opacity),
         .shadowOpacity = share(body.shadow.opacity),
         .rimOpacity = share(frame.rim.opacity),
         .highlightOpacity = share(frame.highlight.opacity),
-        .full = full,
+        .full = ground ? 255 : 255 * opacity,
+        .bare = ground ? 255.0F : 0.0F,
         .gradientX
         = static_cast<float>(target.width / 2.0 + (body.centerX - frame.size / 2) * grown),
         .gradientY
@@ -72,7 +104,7 @@ Paint framePaint(OrbFrame const& frame, PixelTarget const& target, float opacity
         .gradientRadius = static_cast<float>(std::max(body.endRadius * grown, 0.001)),
     };
     if (frame.ripple) {
-        paint.ring = levels(frame.ripple->color, full);
+        paint.ring = stack.color(frame.ripple->color);
         paint.ringOpacity = share(frame.ripple->opacity);
     }
     return paint;

@@ -4,6 +4,7 @@
 #include "Velmora/orb/PixelTarget.h"
 
 #include <array>
+#include <optional>
 
 namespace velmora {
 
@@ -14,10 +15,13 @@ struct LevelColor {
     float blue = 0;
 };
 
-/// What one frame paints with: colours in levels already multiplied by the stack's opacity,
-/// lengths in device pixels of the picture.
+/// What one frame paints with: colours in levels already multiplied by the stack's opacity and laid
+/// over the ground, lengths in device pixels of the picture.
 struct Paint {
+    /// Black where there is none.
+    LevelColor ground;
     LevelColor glow;
+    LevelColor shadow;
     LevelColor ring;
     LevelColor rim;
     LevelColor highlight;
@@ -27,8 +31,9 @@ struct Paint {
     float ringOpacity = 0;
     float rimOpacity = 0;
     float highlightOpacity = 0;
-    /// The level of an opaque pixel's alpha.
+    /// The alpha's level of a pixel that a layer covers wholly, and of one that none covers.
     float full = 255;
+    float bare = 0;
     float gradientX = 0;
     float gradientY = 0;
     float gradientRadius = 1;
@@ -41,7 +46,9 @@ struct Paint {
 /// An opacity as the arithmetic of pixels takes it: clamped to 0..1, 0 if it is not a number.
 [[nodiscard]] float share(double opacity);
 
-/// What `frame` paints `target` with; `opacity` is the stack's, 0..1.
-[[nodiscard]] Paint framePaint(OrbFrame const& frame, PixelTarget const& target, float opacity);
+/// What `frame` paints `target` with; `opacity` is the stack's, 0..1, and `ground` is seen through
+/// it.
+[[nodiscard]] Paint framePaint(OrbFrame const& frame, PixelTarget const& target, float opacity,
+    std::optional<OrbColor> const& ground);
 
 } // namespace velmora

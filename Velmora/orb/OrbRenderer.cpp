@@ -14,10 +14,13 @@ namespace {
 
 /// The outline bends, so that two sizes of it come a little closer than their tangents.
 constexpr double straightShare = 0.8;
+/// How large a sharp square would need as close an outline as a layer without sharp edges.
+constexpr double softDetail = 1.0 / 12;
 
 } // namespace
 
 struct OrbRenderer::Scratch {
+    BlobOutline bodyOutline;
     Contour glowContour;
     Contour bodyContour;
     Contour shadowContour;
@@ -64,9 +67,10 @@ SoftGrids OrbRenderer::Scratch::drawSoftLayers(OrbFrame const& frame, PixelTarge
     double const side = frame.size * target.scale;
     ShadowEffect const& dark = frame.body.shadow;
     HighlightLayer const& light = frame.highlight;
-    glowContour.fit(frame.glow.phase, side / 6);
-    shadowContour.fit(frame.body.phase, side / 6);
-    highlightContour.fit(light.phase, side * std::clamp(std::fabs(light.scale), 0.0, 1.0) / 6);
+    glowContour.fit(Contour::outline(frame.glow.phase), side * softDetail);
+    shadowContour.fit(bodyOutline, side * softDetail);
+    highlightContour.fit(Contour::outline(light.phase),
+        side * std::clamp(std::fabs(light.scale), 0.0, 1.0) * softDetail);
     double const edge = std::min(target.width, target.height) / 2.0;
     double const shift = std::max(std::fabs(dark.dx), std::fabs(dark.dy)) * target.scale;
     double const reach = std::max(glowContour.reach() * std::fabs(frame.glow.scale) * side,
@@ -95,7 +99,7 @@ Contour const& OrbRenderer::Scratch::contour(
 {
     if (phase == frame.body.phase)
         return bodyContour;
-    otherContour.fit(phase, frame.size * target.scale);
+    otherContour.fit(Contour::outline(phase), frame.size * target.scale);
     return otherContour;
 }
 
@@ -162,23 +166,24 @@ OrbRenderer::OrbRenderer(OrbRenderer&&) noexcept = default;
 OrbRenderer& OrbRenderer::operator=(OrbRenderer&&) noexcept = default;
 
 void OrbRenderer::render(
-    OrbFrame const& frame, PixelTarget const& target, StackOpacity stackOpacity)
+    OrbFrame const& frame, PixelTarget const& target, std::optional<OrbColor> const& ground)
 {
     if (!usable(target))
         return;
-    float const opacity = stackOpacity == StackOpacity::applied ? share(frame.opacity) : 1.0F;
+    float const opacity = share(frame.opacity);
     if (!drawable(frame, target.scale) || !(opacity > 0)) {
-        clear(target);
+        fill(target, ground ? opaquePixel(*ground) : 0);
         return;
     }
     Scratch& s = *m_scratch;
-    s.bodyContour.fit(frame.body.phase, frame.size * target.scale);
+    s.bodyOutline = Contour::outline(frame.body.phase);
+    s.bodyContour.fit(s.bodyOutline, frame.size * target.scale);
     SoftGrids const grids = s.drawSoftLayers(frame, target);
     s.drawEdges(frame, target);
     s.ring.resize(target.width, target.height);
     bool const ringed = frame.ripple && s.drawRing(*frame.ripple, frame, target);
-    s.painter.begin(
-        grids, target.width, framePaint(frame, target, opacity), s.glow, s.shadow, s.highlight);
+    s.painter.begin(grids, target.width, framePaint(frame, target, opacity, ground), s.glow,
+        s.shadow, s.highlight);
     s.paintRows(target, ringed ? &s.ring : nullptr);
     if (ringed)
         s.ring.clear();

@@ -1,6 +1,7 @@
 #include "Velmora/orb/PixelTarget.h"
 
-#include <algorithm>
+#include "Velmora/orb/FramePaint.h"
+
 #include <cmath>
 #include <cstring>
 
@@ -18,25 +19,20 @@ bool usable(PixelTarget const& target)
         && target.stride >= std::ptrdiff_t{4} * target.width;
 }
 
-void clear(PixelTarget const& target)
+std::uint32_t opaquePixel(OrbColor const& color)
 {
-    for (int y = 0; y < target.height; ++y)
-        std::memset(rowBytes(target, y), 0, static_cast<std::size_t>(target.width) * 4);
+    std::uint32_t pixel = 0xff;
+    for (double part : {color.red, color.green, color.blue})
+        pixel = pixel << 8U | static_cast<std::uint32_t>(std::lround(share(part) * 255));
+    return pixel;
 }
 
-void multiplyOpacity(PixelTarget const& target, double opacity)
+void fill(PixelTarget const& target, std::uint32_t pixel)
 {
-    if (!usable(target))
-        return;
-    // Times 65536, so that the product of a channel is rounded once.
-    double const share = opacity > 0 ? std::min(opacity, 1.0) : 0;
-    auto const factor = static_cast<std::uint32_t>(std::lround(share * 65536));
-    if (factor == 65536)
-        return;
     for (int y = 0; y < target.height; ++y) {
-        std::uint8_t* const row = rowBytes(target, y);
-        for (int i = 0; i < target.width * 4; ++i)
-            row[i] = static_cast<std::uint8_t>((row[i] * factor + 32768) >> 16U);
+        std::uint8_t* to = rowBytes(target, y);
+        for (int x = 0; x < target.width; ++x, to += sizeof pixel)
+            std::memcpy(to, &pixel, sizeof pixel);
     }
 }
 

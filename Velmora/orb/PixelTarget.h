@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Velmora/orb/Palette.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -29,10 +31,10 @@ struct PixelTarget {
     return target.bytes + target.stride * y;
 }
 
-/// Makes every pixel transparent.
-void clear(PixelTarget const& target);
+/// A colour, each part clamped to 0..1, as a pixel.
+[[nodiscard]] std::uint32_t opaquePixel(OrbColor const& color);
 
-/// Multiplies every pixel of `target` by `opacity`, clamped to 0..1 and rounded once.
-void multiplyOpacity(PixelTarget const& target, double opacity);
+/// Makes all pixels the same.
+void fill(PixelTarget const& target, std::uint32_t pixel);
 
 } // namespace velmora

@@ -32,26 +32,26 @@ Numbers lifted(float level)
     return splatNumber(static_cast<std::int16_t>(std::floor(level * levelSteps) + levelSteps / 2));
 }
 
-} // namespace
-
-RowPainter::Flat::Flat(LevelColor const& levels, float full)
-    : color(
-        pixels(lifted(full), lifted(levels.red), lifted(levels.green), lifted(levels.blue)).first)
-    , black(pixels(lifted(full), lifted(0), lifted(0), lifted(0)).first)
+/// One colour in each of two pixels, lifted by half a level.
+Numbers flat(LevelColor const& levels, float full)
 {
+    return pixels(lifted(full), lifted(levels.red), lifted(levels.green), lifted(levels.blue))
+        .first;
 }
+
+} // namespace
 
 void RowPainter::begin(SoftGrids const& grids, int width, Paint const& paint, SoftPlane const& glow,
     SoftPlane const& shadow, SoftPlane const& highlight)
 {
     m_rimOpacity = paint.rimOpacity;
     m_ringOpacity = paint.ringOpacity;
-    m_rim = {paint.rim, paint.full};
-    m_light = {paint.highlight, paint.full};
-    m_ring = {paint.ring, paint.full};
+    m_rim = flat(paint.rim, paint.full);
+    m_light = flat(paint.highlight, paint.full);
+    m_ring = flat(paint.ring, paint.full);
+    m_dark = flat(paint.shadow, paint.full);
     m_gradient.begin(paint, width);
-    m_backdrop.compose(grids.back, glow, paint.glowOpacity, paint.glow, shadow, paint.shadowOpacity,
-        paint.full, width);
+    m_backdrop.compose(grids.back, paint, glow, shadow, width);
     m_highlight.begin(grids.light, highlight, paint.highlightOpacity, width);
     m_shadow.begin(grids.back, shadow, paint.shadowOpacity, width);
 }
@@ -78,8 +78,10 @@ void RowPainter::paintRow(std::uint32_t* row, int y, EdgeRasters& rasters, Rippl
             ++block;
         paintEdges(edge * blockSize, block * blockSize, edges);
     }
-    store(edges.body + std::ptrdiff_t{blocks} * blockSize, splat(0));
-    store(edges.rim + std::ptrdiff_t{blocks} * blockSize, splat(0));
+    if (marks[blocks] != 0) {
+        store(edges.body + std::ptrdiff_t{blocks} * blockSize, splat(0));
+        store(edges.rim + std::ptrdiff_t{blocks} * blockSize, splat(0));
+    }
     rasters.touched.clearRow(y);
 }
 
@@ -135,8 +137,8 @@ inline Lanes RowPainter::mixRing(
     Lanes shaded = splat(0);
     if (x >= m_shadow.from() && x < m_shadow.end())
         shaded = weight * firstLanes(m_shadow.coverage(x)) * splat(1 / CellRow::whole);
-    mix(sum, m_ring.color, weight - shaded);
-    mix(sum, m_ring.black, shaded);
+    mix(sum, m_ring, weight - shaded);
+    mix(sum, m_dark, shaded);
     return through - weight;
 }
 
@@ -164,12 +166,12 @@ void RowPainter::paintEdgeBlock(int x, Edges& edges)
     FourPixels sum = {};
     if (x >= m_highlight.from() && x < m_highlight.end()) {
         Lanes const light = firstLanes(m_highlight.coverage(x));
-        mix(sum, m_light.color, light);
+        mix(sum, m_light, light);
         through = through - light;
     }
     Lanes const rim = min(magnitude(rimSum), one) * splat(m_rimOpacity) * through;
     through = through - rim;
-    mix(sum, m_rim.color, rim);
+    mix(sum, m_rim, rim);
     Lanes const filled = min(magnitude(bodySum), one) * through;
     through = through - filled;
     BodyGradient::Colors const inside = m_gradient.colors(x);

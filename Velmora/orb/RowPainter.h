@@ -51,16 +51,6 @@ private:
         float rimBefore = 0;
     };
 
-    /// One colour in each of four pixels, lifted by half a level.
-    struct Flat {
-        Numbers color = {};
-        /// The same alpha without any colour.
-        Numbers black = {};
-
-        Flat() = default;
-        Flat(LevelColor const& levels, float full);
-    };
-
     void paintSpan(int from, int end, Edges& edges);
     void paintOutside(int from, int end, Edges& edges);
     void paintEdges(int from, int end, Edges& edges);
@@ -75,9 +65,11 @@ private:
     BodyGradient m_gradient;
     CellRow m_highlight;
     CellRow m_shadow;
-    Flat m_rim;
-    Flat m_light;
-    Flat m_ring;
+    Numbers m_rim = {};
+    Numbers m_light = {};
+    Numbers m_ring = {};
+    /// The shadow over the ring.
+    Numbers m_dark = {};
 };
 
 } // namespace velmora

@@ -40,25 +40,27 @@ QRectF controlsArea(Size bounds, double size)
 } // namespace
 
 void OrbCanvas::draw(QImage& canvas, Size bounds, OrbFrame const& frame,
-    OrbCaption::Texts const& texts, Controls const& controls)
+    OrbCaption::Texts const& texts, Controls const& controls, std::optional<OrbColor> const& ground)
 {
-    drawStack(canvas, bounds, frame, texts);
+    drawStack(canvas, bounds, frame, texts, ground);
     if (controls.opacity > 0)
         drawControls(canvas, bounds, frame.size, controls);
 }
 
-void OrbCanvas::drawStack(
-    QImage& canvas, Size bounds, OrbFrame const& frame, OrbCaption::Texts const& texts)
+void OrbCanvas::drawStack(QImage& canvas, Size bounds, OrbFrame const& frame,
+    OrbCaption::Texts const& texts, std::optional<OrbColor> const& ground)
 {
     auto const pixels = target(canvas);
-    if (!frame.caption) {
-        m_renderer.render(frame, pixels);
+    m_renderer.render(frame, pixels, ground);
+    if (!frame.caption)
         return;
-    }
-    m_renderer.render(frame, pixels, StackOpacity::deferred);
     QPointF const centre(bounds.width / 2, bounds.height / 2);
-    m_caption.draw(canvas, centre * pixels.scale, *frame.caption, texts, frame.size, pixels.scale);
-    multiplyOpacity(pixels, frame.opacity);
+    m_caption.draw(canvas,
+        {.centre = centre * pixels.scale,
+            .widest = frame.size,
+            .scale = pixels.scale,
+            .stack = {.opacity = frame.opacity, .ground = ground ? opaquePixel(*ground) : 0}},
+        *frame.caption, texts);
 }
 
 void OrbCanvas::drawControls(QImage& canvas, Size bounds, double size, Controls const& controls)

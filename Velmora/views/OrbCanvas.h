@@ -26,13 +26,13 @@ public:
     };
 
     /// Overwrites a premultiplied picture that fills `bounds` (points) and whose device pixel ratio
-    /// is set.
+    /// is set. `ground`, if any, is seen through the orb.
     void draw(QImage& canvas, Size bounds, OrbFrame const& frame, OrbCaption::Texts const& texts,
-        Controls const& controls);
+        Controls const& controls, std::optional<OrbColor> const& ground);
 
 private:
-    void drawStack(
-        QImage& canvas, Size bounds, OrbFrame const& frame, OrbCaption::Texts const& texts);
+    void drawStack(QImage& canvas, Size bounds, OrbFrame const& frame,
+        OrbCaption::Texts const& texts, std::optional<OrbColor> const& ground);
 
     void drawControls(QImage& canvas, Size bounds, double size, Controls const& controls);
 

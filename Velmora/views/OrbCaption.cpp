@@ -1,7 +1,5 @@
 #include "Velmora/views/OrbCaption.h"
 
-#include "Velmora/views/PictureOverlay.h"
-
 #include <QImage>
 
 namespace velmora {
@@ -28,18 +26,20 @@ TextPicture::Style statusStyle(CaptionLayer const& layer, double widest, double 
 }
 
 /// Draws a line by the middle of its upper edge. Whole pixels keep the letters sharp.
-void drawLine(QImage& canvas, TextPicture const& line, QPointF top, double opacity)
+void drawLine(
+    QImage& canvas, TextPicture const& line, QPointF top, double opacity, PictureStack const& stack)
 {
     QPointF const corner(top.x() - line.size().width() / 2, top.y());
-    drawOver(
-        canvas, line.image(), corner.toPoint() - QPoint(line.margin(), line.margin()), opacity);
+    drawOver(canvas, line.image(), corner.toPoint() - QPoint(line.margin(), line.margin()), opacity,
+        stack);
 }
 
 } // namespace
 
-void OrbCaption::draw(QImage& canvas, QPointF centre, CaptionLayer const& layer, Texts const& texts,
-    double widest, double scale)
+void OrbCaption::draw(
+    QImage& canvas, Place const& place, CaptionLayer const& layer, Texts const& texts)
 {
+    auto const& [centre, widest, scale, stack] = place;
     auto const wordHeight = TextPicture::lineHeight(wordStyle(layer, widest, scale));
     auto below = 0.0;
     if (layer.statusPresence > 0) {
@@ -53,11 +53,11 @@ void OrbCaption::draw(QImage& canvas, QPointF centre, CaptionLayer const& layer,
             continue;
         auto& word = m_words.at(i);
         word.set(texts.words.at(i), wordStyle(layer, widest, scale));
-        drawLine(canvas, word, QPointF(centre.x(), top), layer.presence.at(i));
+        drawLine(canvas, word, QPointF(centre.x(), top), layer.presence.at(i), stack);
     }
     if (layer.statusPresence > 0) {
         auto const statusTop = top + wordHeight + layer.spacing * scale;
-        drawLine(canvas, m_status, QPointF(centre.x(), statusTop), layer.statusPresence);
+        drawLine(canvas, m_status, QPointF(centre.x(), statusTop), layer.statusPresence, stack);
     }
 }
 

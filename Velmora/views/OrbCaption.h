@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Velmora/orb/OrbFrame.h"
+#include "Velmora/views/PictureOverlay.h"
 #include "Velmora/views/TextPicture.h"
 
 #include <QString>
@@ -20,10 +21,19 @@ public:
         QString status;
     };
 
-    /// Draws the caption about a centre in device pixels, no line wider than `widest` points.
-    /// `scale` is device pixels per point.
-    void draw(QImage& canvas, QPointF centre, CaptionLayer const& layer, Texts const& texts,
-        double widest, double scale);
+    /// Where a caption is drawn.
+    struct Place {
+        /// Device pixels.
+        QPointF centre;
+        /// No line is wider than so many points.
+        double widest = 0;
+        /// Device pixels per point.
+        double scale = 1;
+        /// What it is the topmost part of.
+        PictureStack stack;
+    };
+
+    void draw(QImage& canvas, Place const& place, CaptionLayer const& layer, Texts const& texts);
 
 private:
     std::array<TextPicture, captionWordCount> m_words;

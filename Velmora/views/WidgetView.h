@@ -44,11 +44,17 @@ public:
     /// Whether the caption's word is visible by itself.
     [[nodiscard]] bool showWord() const { return m_showWord; }
 
+    /// What a picture shows where the orb does not hide it.
+    enum class Ground {
+        /// The desktop.
+        clear,
+        /// A quiet dark colour, for a desktop that cannot show through.
+        dark,
+    };
+
     /// Draws the frame of an instant (seconds) over a premultiplied picture that fills the bounds
     /// and whose device pixel ratio is set.
-    void draw(QImage& canvas, double now);
-    /// Lays a quiet dark ground behind a drawn frame, for a desktop that cannot show through.
-    static void drawBackdrop(QImage& canvas);
+    void draw(QImage& canvas, double now, Ground ground);
 
     // The pointer. Presses come only from inside the disc that belongs to the orb.
 

@@ -1,5 +1,4 @@
 #include "Velmora/orb/OrbState.h"
-#include "Velmora/views/PictureOverlay.h"
 #include "Velmora/views/WidgetView.h"
 
 #include <QImage>
@@ -8,7 +7,7 @@ namespace velmora {
 
 namespace {
 
-constexpr QColor backdrop(26, 34, 32);
+constexpr OrbColor darkGround = {.red = 26 / 255.0, .green = 34 / 255.0, .blue = 32 / 255.0};
 
 } // namespace
 
@@ -23,7 +22,7 @@ OrbState WidgetView::orbState() const
         .widgetSize = m_model.widgetSize()};
 }
 
-void WidgetView::draw(QImage& canvas, double now)
+void WidgetView::draw(QImage& canvas, double now, Ground ground)
 {
     auto const frame = m_transitions.frame(orbState(), now);
     OrbCaption::Texts texts;
@@ -35,12 +34,8 @@ void WidgetView::draw(QImage& canvas, double now)
         {.opacity = m_transitions.controlsOpacity(),
             .symbols
             = {symbol(OrbControls::Control::pause), symbol(OrbControls::Control::settings)},
-            .pressed = m_pressed});
-}
-
-void WidgetView::drawBackdrop(QImage& canvas)
-{
-    drawUnder(canvas, backdrop);
+            .pressed = m_pressed},
+        ground == Ground::dark ? std::optional(darkGround) : std::nullopt);
 }
 
 } // namespace velmora

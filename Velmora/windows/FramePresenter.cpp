@@ -38,29 +38,36 @@ FramePresenter::FramePresenter(QWindow& window, SharedFrames* shared)
 {
 }
 
-QImage* FramePresenter::begin()
+QImage* FramePresenter::begin(QSize size, double scale)
 {
-    auto const scale = m_window.devicePixelRatio();
-    auto const size = m_window.size() * scale;
-    m_drawn = m_shared ? m_shared->next(size.width(), size.height()) : SharedFrames::Picture();
+    auto const pixels = size * scale;
+    m_drawn = m_shared ? m_shared->next(pixels.width(), pixels.height()) : SharedFrames::Picture();
     // What was shown may have gone together with the memory that it was in.
-    if (!m_drawn.bytes || size != m_picture.size())
+    if (!m_drawn.bytes || pixels != m_pixels)
         m_shown = {};
-    if (!m_drawn.bytes)
-        return beginStored();
-    m_picture = QImage(m_drawn.bytes, size.width(), size.height(), m_drawn.stride,
-        QImage::Format_ARGB32_Premultiplied);
-    m_picture.setDevicePixelRatio(scale);
-    return &m_picture;
+    m_pixels = pixels;
+    return m_drawn.bytes ? viewShared(pixels, scale) : beginStored(size);
 }
 
-QImage* FramePresenter::beginStored()
+QImage* FramePresenter::viewShared(QSize pixels, double scale)
+{
+    m_turn = (m_turn + 1) % m_views.size();
+    auto& view = m_views.at(m_turn);
+    if (view.constBits() != m_drawn.bytes || view.size() != pixels) {
+        view = QImage(m_drawn.bytes, pixels.width(), pixels.height(), m_drawn.stride,
+            QImage::Format_ARGB32_Premultiplied);
+    }
+    view.setDevicePixelRatio(scale);
+    return &view;
+}
+
+QImage* FramePresenter::beginStored(QSize size)
 {
     if (!m_store)
         m_store.emplace(&m_window);
-    if (m_store->size() != m_window.size())
-        m_store->resize(m_window.size());
-    m_store->beginPaint(QRect(QPoint(0, 0), m_window.size()));
+    if (m_store->size() != size)
+        m_store->resize(size);
+    m_store->beginPaint(QRect(QPoint(0, 0), size));
     auto* device = m_store->paintDevice();
     if (device && device->devType() == QInternal::Image)
         return static_cast<QImage*>(device);
@@ -80,7 +87,7 @@ void FramePresenter::present()
 
 void FramePresenter::presentShared()
 {
-    auto const height = m_picture.height();
+    auto const height = m_pixels.height();
     auto const rows
         = m_shown.bytes ? changedRows(m_shown, m_drawn, height) : Rows{.first = 0, .end = height};
     m_shown = m_drawn;

@@ -5,6 +5,7 @@
 #include <QBackingStore>
 #include <QImage>
 
+#include <array>
 #include <optional>
 
 class QWindow;
@@ -19,16 +20,17 @@ public:
     FramePresenter(QWindow& window, SharedFrames* shared);
 
     /// The picture to draw the next frame into, over whatever is in it: premultiplied ARGB, the
-    /// whole window, with the window's device pixel ratio. None while the window system gives no
-    /// memory. Ends with `present`.
-    [[nodiscard]] QImage* begin();
+    /// whole window of `size` points, with its device pixel ratio `scale`. None while the window
+    /// system gives no memory. Ends with `present`.
+    [[nodiscard]] QImage* begin(QSize size, double scale);
     /// Puts the picture on the screen.
     void present();
     /// What is on the screen has been lost: the next frame is handed on whole.
     void invalidate() { m_shown = {}; }
 
 private:
-    [[nodiscard]] QImage* beginStored();
+    [[nodiscard]] QImage* beginStored(QSize size);
+    [[nodiscard]] QImage* viewShared(QSize pixels, double scale);
     void presentShared();
 
     QWindow& m_window;
@@ -36,7 +38,10 @@ private:
     std::optional<QBackingStore> m_store;
     SharedFrames::Picture m_drawn;
     SharedFrames::Picture m_shown;
-    QImage m_picture;
+    /// Views of the shared pictures, which take turns: making one costs more than a glance.
+    std::array<QImage, 3> m_views;
+    std::size_t m_turn = 0;
+    QSize m_pixels;
 };
 
 } // namespace velmora

@@ -180,13 +180,12 @@ void WidgetPanel::drawFrame()
     if (!isExposed())
         return;
     fitContent();
-    auto* canvas = m_presenter.begin();
+    auto* canvas = m_presenter.begin(m_fittedSize, m_fittedScale);
     if (!canvas)
         return;
-    m_view.draw(*canvas, m_seams.clock.now());
+    m_view.draw(*canvas, m_seams.clock.now(),
+        m_seams.desktop.translucent() ? WidgetView::Ground::clear : WidgetView::Ground::dark);
     m_container.drawGrip(*canvas);
-    if (!m_seams.desktop.translucent())
-        WidgetView::drawBackdrop(*canvas);
     m_presenter.present();
 }
 

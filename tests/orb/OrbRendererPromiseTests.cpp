@@ -98,32 +98,5 @@ TEST(OrbRenderer, LeavesARingOutOnlyWhereTheBodyHidesAllOfIt)
     EXPECT_GT(differing, 20);
 }
 
-TEST(OrbRenderer, ACaptionOutsideHoursFadesWithTheWholeStackAndStaysNearWhiteOnWhite)
-{
-    OrbState const state = {.inActiveHours = false, .showWord = true, .widgetSize = 128};
-    OrbFrame const frame = orbFrame(state, now);
-    ASSERT_TRUE(frame.caption);
-    Square square(128);
-    OrbRenderer renderer;
-    renderer.render(frame, square.target(1), StackOpacity::deferred);
-    // The stem of a letter: white at the word's opacity over the middle of the body.
-    std::uint32_t& middle = square.pixels[std::size_t{64} * 128 + 64];
-    double const white = frame.caption->wordOpacity;
-    std::uint32_t lettered = 0;
-    for (unsigned shift = 0; shift < 32; shift += 8) {
-        double const level = (1 - white) * (middle >> shift & 255U) + white * 255;
-        lettered |= static_cast<std::uint32_t>(std::lround(level)) << shift;
-    }
-    middle = lettered;
-    multiplyOpacity(square.target(1), frame.opacity);
-    // Over a white desktop. Were the word faded by itself, the orb would shine through and leave
-    // about 225.
-    int const alpha = static_cast<int>(middle >> 24U);
-    for (unsigned shift = 0; shift < 24; shift += 8) {
-        int const shown = static_cast<int>(middle >> shift & 255U) + 255 - alpha;
-        EXPECT_NEAR(shown, 247, 2) << shift;
-    }
-}
-
 } // namespace
 } // namespace velmora

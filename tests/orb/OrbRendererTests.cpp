@@ -184,36 +184,59 @@ TEST(OrbRenderer, TakesAnyNumbersWithoutLeavingItsTarget)
     EXPECT_EQ(after.pixels, drawn(state, now, 128).pixels);
 }
 
-TEST(OrbRenderer, ADeferredOpacityIsFinishedByTheSeparateStep)
+/// What is seen of a clear picture over a ground.
+std::uint32_t over(std::uint32_t pixel, std::uint32_t ground)
 {
-    OrbState const state = {.inActiveHours = false, .widgetSize = 96};
-    OrbFrame const frame = orbFrame(state, now);
-    Canvas const atOnce = drawn(state, now, 96);
-    Canvas later(96, 96);
-    OrbRenderer renderer;
-    renderer.render(frame, later.target(), StackOpacity::deferred);
-    EXPECT_EQ(later.at(48, 48) >> 24U, 255U);
-    multiplyOpacity(later.target(), frame.opacity);
-    for (int y = 0; y < 96; ++y) {
-        for (int x = 0; x < 96; ++x) {
-            for (unsigned shift = 0; shift < 32; shift += 8) {
-                int const one = static_cast<int>(atOnce.at(x, y) >> shift & 255U);
-                int const two = static_cast<int>(later.at(x, y) >> shift & 255U);
-                EXPECT_LE(std::abs(one - two), 1);
-            }
-        }
+    std::uint32_t seen = 0;
+    double const through = (255 - (pixel >> 24U)) / 255.0;
+    for (unsigned shift = 0; shift < 32; shift += 8) {
+        double const level = (pixel >> shift & 255U) + through * (ground >> shift & 255U);
+        seen |= static_cast<std::uint32_t>(std::lround(level)) << shift;
     }
-    EXPECT_TRUE(later.guardsStand());
+    return seen;
 }
 
-TEST(OrbRenderer, MultiplyingRoundsOnceAndTakesNoNumberAsNothing)
+TEST(OrbRenderer, OverAGroundShowsWhatAClearPictureLaidOverItShows)
 {
-    Canvas canvas(1, 1);
-    canvas.pixels[0] = 0xffffffff;
-    multiplyOpacity(canvas.target(), 0.78);
-    EXPECT_EQ(canvas.at(0, 0), 0xc7c7c7c7);
-    multiplyOpacity(canvas.target(), std::numeric_limits<double>::quiet_NaN());
-    EXPECT_EQ(canvas.at(0, 0), 0U);
+    OrbColor const ground = {.red = 0.1, .green = 0.8, .blue = 1};
+    OrbRenderer renderer;
+    OrbState const states[] = {{.widgetSize = 96}, {.inActiveHours = false, .widgetSize = 96},
+        {.paused = true, .isReminding = true, .widgetSize = 96},
+        {.reduceMotion = true, .widgetSize = 97}};
+    for (OrbState const& state : states) {
+        auto const side = static_cast<int>(state.widgetSize);
+        Canvas const clear = drawn(state, now, side);
+        Canvas grounded(side, side);
+        renderer.render(orbFrame(state, now), grounded.target(), ground);
+        int largest = 0;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                std::uint32_t const wanted = over(clear.at(x, y), opaquePixel(ground));
+                for (unsigned shift = 0; shift < 32; shift += 8) {
+                    largest = std::max(largest,
+                        std::abs(static_cast<int>(grounded.at(x, y) >> shift & 255U)
+                            - static_cast<int>(wanted >> shift & 255U)));
+                }
+                ASSERT_EQ(grounded.at(x, y) >> 24U, 255U);
+            }
+        }
+        EXPECT_LE(largest, 2);
+        EXPECT_TRUE(grounded.guardsStand());
+    }
+}
+
+TEST(OrbRenderer, WithNothingToDrawLeavesTheGroundBare)
+{
+    OrbFrame frame = orbFrame({.widgetSize = 32}, now);
+    OrbRenderer renderer;
+    Canvas canvas(32, 32);
+    frame.opacity = 0;
+    renderer.render(frame, canvas.target(), OrbColor{.red = 1, .green = 0.5, .blue = -3});
+    EXPECT_EQ(canvas.at(0, 0), 0xffff8000U);
+    EXPECT_EQ(canvas.at(31, 31), 0xffff8000U);
+    renderer.render(frame, canvas.target());
+    EXPECT_EQ(canvas.at(16, 16), 0U);
+    EXPECT_TRUE(canvas.guardsStand());
 }
 
 TEST(OrbRenderer, NoPixelJumpsWhileAReminderStartsIsPausedAndEnds)

@@ -71,26 +71,55 @@ TEST(PictureOverlay, CutsOffWhatReachesBeyondTheCanvas)
     EXPECT_NE(pixel(canvas, 3, 3), 0U);
 }
 
-TEST(PictureOverlay, AGroundShowsThroughWhatIsNotOpaque)
+/// A channel of a pixel, 0..1.
+double channel(QRgb pixel, unsigned shift)
 {
-    auto canvas = filled(QSize(2, 1), 0);
-    canvas.setPixel(1, 0, qRgba(100, 0, 0, 255));
-    drawUnder(canvas, QColor(26, 34, 32));
-    EXPECT_EQ(pixel(canvas, 0, 0), qRgba(26, 34, 32, 255));
-    EXPECT_EQ(pixel(canvas, 1, 0), qRgba(100, 0, 0, 255));
+    return (pixel >> shift & 255U) / 255.0;
 }
 
-TEST(PictureOverlay, AGroundShowsThroughEachAlphaInItsShare)
+TEST(PictureOverlay, APictureInAStackHidesWhatTheStackShowsThereAsIfBothWereWhole)
 {
-    auto canvas = filled(QSize(256, 1), 0);
-    for (int alpha = 0; alpha <= 255; ++alpha)
-        reinterpret_cast<QRgb*>(canvas.scanLine(0))[alpha] = qRgba(0, 0, 0, alpha);
-    drawUnder(canvas, QColor(26, 200, 255));
-    for (int alpha = 0; alpha <= 255; ++alpha) {
-        auto const share = [alpha](int level) {
-            return static_cast<int>(std::lround(level * (255 - alpha) / 255.0));
-        };
-        EXPECT_EQ(pixel(canvas, alpha, 0), qRgba(share(26), share(200), share(255), 255)) << alpha;
+    // White letters at nine tenths on an opaque orb, the whole of it at 0.78.
+    constexpr double white = 235 / 255.0;
+    auto const letter = filled(QSize(1, 1), qRgba(235, 235, 235, 235));
+    for (double opacity : {0.0, 0.4, 0.78, 1.0}) {
+        for (QRgb ground : {QRgb(0), qRgba(26, 34, 32, 255), qRgba(255, 255, 255, 255)}) {
+            auto const whole = qRgba(90, 200, 140, 255);
+            QRgb shown = 0;
+            QRgb wanted = 0;
+            for (unsigned shift = 0; shift < 32; shift += 8) {
+                auto const through = channel(ground, shift) * (1 - opacity);
+                auto const orb = channel(whole, shift) * opacity + through;
+                auto const lettered
+                    = (white + (1 - white) * channel(whole, shift)) * opacity + through;
+                shown |= static_cast<QRgb>(std::lround(orb * 255)) << shift;
+                wanted |= static_cast<QRgb>(std::lround(lettered * 255)) << shift;
+            }
+            auto canvas = filled(QSize(1, 1), shown);
+            drawOver(canvas, letter, QPoint(0, 0), 1, {.opacity = opacity, .ground = ground});
+            EXPECT_LE(difference(pixel(canvas, 0, 0), wanted), 2) << opacity << ' ' << ground;
+        }
+    }
+}
+
+TEST(PictureOverlay, NoColourInAStackExceedsItsAlphaAndAGroundStaysOpaque)
+{
+    for (unsigned alpha = 0; alpha <= 255; alpha += 3) {
+        auto const picture = filled(QSize(1, 1), alpha << 24U | alpha << 16U | alpha / 2);
+        for (unsigned under = 0; under <= 255; under += 5) {
+            for (double opacity : {0.1, 0.5, 0.78, 0.99}) {
+                auto clear = filled(QSize(1, 1), under << 24U | under << 8U | under);
+                drawOver(clear, picture, QPoint(0, 0), 0.7, {.opacity = opacity});
+                auto const seen = pixel(clear, 0, 0);
+                ASSERT_LE(qRed(seen), qAlpha(seen));
+                ASSERT_LE(qGreen(seen), qAlpha(seen));
+                ASSERT_LE(qBlue(seen), qAlpha(seen));
+                auto opaque = filled(QSize(1, 1), qRgba(0, 255, 255, 255));
+                drawOver(opaque, picture, QPoint(0, 0), 0.7,
+                    {.opacity = opacity, .ground = qRgba(0, 255, 255, 255)});
+                ASSERT_EQ(qAlpha(pixel(opaque, 0, 0)), 255);
+            }
+        }
     }
 }
 
