@@ -35,7 +35,11 @@ def goals(tables: dict[tuple[int, str], dict[tuple[str, int], Used]], first_fram
     ]
     lines = heading("goal", "at most", "aim", "without compositing", "with", "")
     for what, most, aim, found in rows:
-        verdict = "aim met" if found[0] <= aim else "met" if found[0] <= most else "**missed**"
         seen = [f"{value:.2f}" if most < 3 else f"{value:.1f}" for value in found] + [""] * (2 - len(found))
-        lines.append(row(what, str(most), str(aim), *seen, verdict))
+        lines.append(row(what, str(most), str(aim), *seen, _verdict(most, aim, found)))
     return lines
+
+
+def _verdict(most: float, aim: float, found: list[float]) -> str:
+    verdicts = ["aim met" if value <= aim else "met" if value <= most else "**missed**" for value in found]
+    return ", with: ".join(verdicts if verdicts[-1] == "**missed**" else verdicts[:1])

@@ -34,11 +34,19 @@ class Page:
                 f"{os.getloadavg()[0]:.1f} after.")
 
     def _circumstances(self) -> str:
-        commit = subprocess.run(["git", "describe", "--always", "--dirty"], capture_output=True, text=True,
-                                check=False).stdout.strip() or "no repository"
-        return (f"Measured on {time.strftime('%Y-%m-%d at %H:%M UTC', time.gmtime())} at {commit}: "
+        return (f"Measured on {time.strftime('%Y-%m-%d at %H:%M UTC', time.gmtime())} at {_commit()}: "
                 f"{os.cpu_count()} virtual processors ({_processor()}), Linux {platform.release()}. "
                 f"{self.load()} Medians of {WINDOWS} windows of {SECONDS:g} s.")
+
+
+def _commit() -> str:
+    """The commit that is measured, and whether anything but the pages themselves was changed since."""
+    commit = subprocess.run(["git", "describe", "--always"], capture_output=True, text=True, check=False)
+    if commit.returncode != 0:
+        return "no repository"
+    same = subprocess.run(["git", "diff", "--quiet", "HEAD", "--", ":/", ":(exclude,top)README.md",
+                           ":(exclude,top)docs"], check=False).returncode == 0
+    return commit.stdout.strip() + ("" if same else "-dirty")
 
 
 def between_marks(path: Path, *parts: str) -> None:
