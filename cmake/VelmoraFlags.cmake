@@ -25,8 +25,9 @@ if(VELMORA_SANITIZERS)
 elseif(NOT APPLE)
     target_compile_options(velmora_flags INTERFACE
         -fstack-protector-strong -fstack-clash-protection
-        $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
-        $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+        -U_FORTIFY_SOURCE
+        # Only what is optimized can be fortified.
+        $<$<NOT:$<OR:$<CONFIG:Debug>,$<BOOL:$<TARGET_PROPERTY:VELMORA_UNOPTIMIZED>>>>:-D_FORTIFY_SOURCE=2>)
     target_link_options(velmora_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
     if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
         target_compile_options(velmora_flags INTERFACE -fcf-protection=full)

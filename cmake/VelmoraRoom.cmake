@@ -18,22 +18,34 @@ function(velmora_room name)
         FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${arg_HEADERS})
 endfunction()
 
-# velmora_tests(<room> SOURCES <files> LINK <targets>)
+# velmora_compile_soon(<target>)
 #
-# The tests of one room as one program; every TEST becomes a CTest test of its own.
+# Tests run for a moment and are compiled for minutes: they are not improved. What they test is.
+function(velmora_compile_soon target)
+    target_compile_options(${target} PRIVATE -O0)
+    set_target_properties(${target} PROPERTIES VELMORA_UNOPTIMIZED ON)
+endfunction()
+
+# velmora_tests(<room> [QT] [COMPUTES] [MAIN <target>] SOURCES <files> LINK <targets>)
+#
+# The tests of one room as one program; every TEST becomes a CTest test of its own. With QT the room
+# is compiled with the toolkit's flags; MAIN has a main function other than GoogleTest's. Tests that
+# compute much by themselves say so.
 function(velmora_tests room)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "MAIN" "SOURCES;LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;COMPUTES" "MAIN" "SOURCES;LINK")
     add_executable(velmora_${room}_tests ${arg_SOURCES})
     set(main GTest::gtest_main)
     if(arg_MAIN)
-        target_sources(velmora_${room}_tests PRIVATE "${arg_MAIN}")
-        set(main GTest::gtest)
+        set(main ${arg_MAIN} GTest::gtest)
     endif()
     target_link_libraries(velmora_${room}_tests PRIVATE Velmora::flags ${arg_LINK} ${main})
-    # Under a sanitizer the tests themselves are compiled far sooner than they would be improved; only
-    # those that compute much are worth it.
-    if(VELMORA_SANITIZERS AND NOT room MATCHES "^(orb|model)$")
-        target_compile_options(velmora_${room}_tests PRIVATE -O0)
+    if(NOT arg_COMPUTES)
+        set(owner velmora_precompiled)
+        if(arg_QT)
+            set(owner velmora_precompiled_qt)
+        endif()
+        velmora_compile_soon(velmora_${room}_tests)
+        target_precompile_headers(velmora_${room}_tests REUSE_FROM ${owner})
     endif()
     gtest_discover_tests(velmora_${room}_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
 endfunction()

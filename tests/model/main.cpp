@@ -4,7 +4,7 @@
 
 int main(int argc, char** argv)
 {
-    // The tick is a timer, and timers need an event dispatcher, though no test runs one.
+    // Timers and what comes from a bus need an event dispatcher, also where no test runs one.
     QCoreApplication const application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -1,0 +1,2 @@
+// The headers are compiled, and nothing else is.
+int main() { }
