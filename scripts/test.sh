@@ -44,8 +44,10 @@ stage "Checking how the sources are formatted" format scripts/check-format.sh
 stage "Building and testing the rooms without Qt" engine cmake --workflow --preset engine
 stage "Building and testing everything" dev cmake --workflow --preset dev
 stage "Testing under the address and undefined-behaviour sanitizers" asan cmake --workflow --preset asan
-stage "Linting" lint cmake --workflow --preset lint
+# The linters compute while the desktop tests mostly wait.
+beside "Linting" lint cmake --workflow --preset lint
 stage "Testing the program on virtual desktops" desktop desktop_tests
+join
 if [ -n "$all" ]; then
     stage "Following every path through the code" lint-deep cmake --workflow --preset lint-deep
     stage "Testing under the thread sanitizer" tsan cmake --workflow --preset tsan
