@@ -16,7 +16,7 @@ namespace velmora {
 namespace {
 
 constexpr SettingsLabel::Look captionLook = {.size = 11.0, .opacity = 0.7};
-constexpr SettingsLabel::Look noteLook = {.size = 11.0, .opacity = 0.55};
+constexpr SettingsLabel::Look overnightLook = {.size = 11.0, .opacity = 0.55};
 constexpr int columnGap = 12;
 constexpr int captionGap = 4;
 
@@ -29,10 +29,10 @@ ActiveHoursCard::ActiveHoursCard(AppModel& model, QString const& timeFormat, QWi
     , m_hours(new QWidget(this))
     , m_dimming(new QGraphicsOpacityEffect(m_hours))
     , m_overnight(
-          new SettingsLabel(tr("Overnight — reminders run through midnight."), noteLook, this))
+          new SettingsLabel(tr("Overnight — reminders run through midnight."), overnightLook, this))
 {
     auto* columns = new FlowLayout(FlowLayout::Spread::fill, columnGap, columnGap);
-    columns->setContentsMargins(FocusRing::room, FocusRing::room, FocusRing::room, FocusRing::room);
+    columns->setContentsMargins(FocusRing::margins);
     m_hours->setLayout(columns);
     m_start = addPicker(*columns, tr("From"), timeFormat);
     m_end = addPicker(*columns, tr("To"), timeFormat);

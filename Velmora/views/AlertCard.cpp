@@ -19,7 +19,7 @@ namespace {
 constexpr SettingsSlider::Scale volumeScale
     = {.minimum = 0.1, .maximum = 1.0, .step = 0.001, .arrowSteps = 50, .pageSteps = 150};
 
-constexpr int gap = 8;
+constexpr int partGap = 8;
 
 } // namespace
 
@@ -58,12 +58,12 @@ void AlertCard::addVolume()
     volumeRow->setSpacing(0);
     volumeRow->addSpacing(FocusRing::room);
     volumeRow->addWidget(new SpeakerSymbol(m_chimeRows));
-    volumeRow->addSpacing(gap - FocusRing::room);
+    volumeRow->addSpacing(partGap - FocusRing::room);
     volumeRow->addWidget(m_volume);
 
     auto* column = new QVBoxLayout(m_chimeRows);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(gap - 2 * FocusRing::room);
+    column->setSpacing(partGap - 2 * FocusRing::room);
     column->addLayout(volumeRow);
     column->addWidget(preview, 0, Qt::AlignLeading);
 }

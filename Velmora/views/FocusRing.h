@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMargins>
 #include <QObject>
 #include <QRectF>
 
@@ -16,6 +17,7 @@ class FocusRing final : public QObject {
 public:
     /// The room around a control's shape that a ring outside of it takes, in desktop points.
     static constexpr int room = 3;
+    static constexpr QMargins margins{room, room, room, room};
 
     explicit FocusRing(QWidget& control);
 

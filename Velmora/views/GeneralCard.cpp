@@ -8,7 +8,7 @@ namespace velmora {
 
 namespace {
 
-constexpr SettingsLabel::Look noteLook = {.size = 11.0, .opacity = 0.7};
+constexpr SettingsLabel::Look loginNoteLook = {.size = 11.0, .opacity = 0.7};
 
 } // namespace
 
@@ -16,7 +16,7 @@ GeneralCard::GeneralCard(AppModel& model, QWidget* parent)
     : SettingsCard(tr("General"), parent)
     , m_model(model)
     , m_openAtLogin(new SettingsSwitch(tr("Open at login"), this))
-    , m_loginNote(new SettingsLabel({}, noteLook, this))
+    , m_loginNote(new SettingsLabel({}, loginNoteLook, this))
     , m_paused(new SettingsSwitch(tr("Pause reminders"), this))
 {
     addControl(m_openAtLogin);

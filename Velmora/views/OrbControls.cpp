@@ -11,7 +11,7 @@ namespace velmora::OrbControls {
 
 namespace {
 
-constexpr double spacing = 0.06;
+constexpr double buttonSpacing = 0.06;
 constexpr double bottomPadding = 0.22;
 constexpr double frameShare = 0.18;
 constexpr double smallestFrame = 22.0;
@@ -88,7 +88,7 @@ QPainterPath sliders()
 Rect frame(Control control, double size, Size bounds)
 {
     auto const side = std::max(size * frameShare, smallestFrame);
-    auto const gap = size * spacing;
+    auto const gap = size * buttonSpacing;
     auto const left = bounds.width / 2 - side - gap / 2;
     return {.x = control == Control::pause ? left : left + side + gap,
         .y = bounds.height - size * bottomPadding - side,

@@ -9,13 +9,10 @@ namespace velmora {
 
 namespace {
 
-constexpr double radius = 7.0;
-constexpr QSize padding(14, 6);
+constexpr double buttonRadius = 7.0;
+constexpr QSize facePadding(14, 6);
 constexpr QSize plainPadding(0, 0);
-constexpr double textSize = 13.0;
 constexpr double plainTextSize = 12.0;
-
-constexpr int ringRoom = FocusRing::room;
 
 } // namespace
 
@@ -25,8 +22,8 @@ SettingsButton::SettingsButton(Kind kind, QString const& text, QWidget* parent)
     , m_ring(new FocusRing(*this))
 {
     setFont(kind == Kind::plain       ? SettingsLook::font(plainTextSize)
-            : kind == Kind::prominent ? SettingsLook::font(textSize, QFont::DemiBold)
-                                      : SettingsLook::font(textSize));
+            : kind == Kind::prominent ? SettingsLook::controlFont(QFont::DemiBold)
+                                      : SettingsLook::controlFont());
     setAutoDefault(true);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -36,29 +33,29 @@ QSize SettingsButton::sizeHint() const
 {
     auto const metrics = fontMetrics();
     QSize const words(metrics.horizontalAdvance(text()), metrics.height());
-    QSize const around
-        = (m_kind == Kind::plain ? plainPadding : padding) + QSize(ringRoom, ringRoom);
+    QSize const around = (m_kind == Kind::plain ? plainPadding : facePadding)
+        + QSize(FocusRing::room, FocusRing::room);
     return words + 2 * around;
 }
 
 void SettingsButton::drawFace(QPainter& painter) const
 {
-    QRectF const face = QRectF(rect()).adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom);
+    QRectF const face = QRectF(rect()).marginsRemoved(FocusRing::margins);
     painter.setPen(Qt::NoPen);
     if (m_kind == Kind::plain)
         return;
     if (m_kind == Kind::prominent) {
         painter.setBrush(SettingsLook::sage());
-        painter.drawRoundedRect(face, radius, radius);
+        painter.drawRoundedRect(face, buttonRadius, buttonRadius);
     } else {
         painter.setPen(QPen(SettingsLook::shade(0.14), 1.0));
         painter.setBrush(Qt::white);
-        painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+        painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), buttonRadius, buttonRadius);
         painter.setPen(Qt::NoPen);
     }
     if (isDown() || underMouse()) {
         painter.setBrush(SettingsLook::shade(isDown() ? 0.12 : 0.06));
-        painter.drawRoundedRect(face, radius, radius);
+        painter.drawRoundedRect(face, buttonRadius, buttonRadius);
     }
 }
 
@@ -67,7 +64,7 @@ void SettingsButton::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     drawFace(painter);
-    m_ring->draw(painter, rect(), radius + ringRoom);
+    m_ring->draw(painter, rect(), buttonRadius + FocusRing::room);
 
     auto words = font();
     words.setUnderline(m_kind == Kind::plain && underMouse());

@@ -12,14 +12,11 @@ namespace velmora {
 
 namespace {
 
-constexpr int padding = 12;
-constexpr int spacing = 8;
+constexpr QMargins cardPadding(12, 12, 12, 12);
+constexpr int rowSpacing = 8;
 constexpr int lineGap = 2;
 
-/// Every row is this much larger on all sides than what is seen of it.
-constexpr int ringRoom = FocusRing::room;
-
-constexpr double radius = 14.0;
+constexpr double cardRadius = 14.0;
 constexpr double faceOpacity = 0.72;
 
 constexpr SettingsLabel::Look titleLook
@@ -32,9 +29,9 @@ SettingsCard::SettingsCard(QString const& title, QWidget* parent)
     , m_rows(*new QVBoxLayout(this))
 {
     setAccessibleName(title);
-    m_rows.setContentsMargins(
-        padding - ringRoom, padding - ringRoom, padding - ringRoom, padding - ringRoom);
-    m_rows.setSpacing(spacing - 2 * ringRoom);
+    // Every row is larger on all sides than what is seen of it, by the room for a focus ring.
+    m_rows.setContentsMargins(cardPadding - FocusRing::margins);
+    m_rows.setSpacing(rowSpacing - 2 * FocusRing::room);
     addText(new SettingsLabel(QLocale().toUpper(title), titleLook, this));
 }
 
@@ -45,19 +42,19 @@ void SettingsCard::addControl(QWidget* control)
 
 void SettingsCard::addText(QWidget* label)
 {
-    label->setContentsMargins(ringRoom, ringRoom, ringRoom, ringRoom);
+    label->setContentsMargins(FocusRing::margins);
     m_rows.addWidget(label);
 }
 
 void SettingsCard::addLine(FlowLayout* line)
 {
-    line->setContentsMargins(ringRoom, ringRoom, ringRoom, ringRoom);
+    line->setContentsMargins(FocusRing::margins);
     m_rows.addLayout(line);
 }
 
 void SettingsCard::addRow(QWidget* leading, QWidget* trailing)
 {
-    auto* row = new FlowLayout(FlowLayout::Spread::apart, spacing, lineGap);
+    auto* row = new FlowLayout(FlowLayout::Spread::apart, rowSpacing, lineGap);
     row->addWidget(leading);
     row->addWidget(trailing);
     addLine(row);
@@ -71,7 +68,7 @@ void SettingsCard::paintEvent(QPaintEvent* /*event*/)
     face.setAlphaF(static_cast<float>(faceOpacity));
     painter.setPen(Qt::NoPen);
     painter.setBrush(face);
-    painter.drawRoundedRect(rect(), radius, radius);
+    painter.drawRoundedRect(rect(), cardRadius, cardRadius);
 }
 
 } // namespace velmora

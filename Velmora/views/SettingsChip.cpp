@@ -9,7 +9,7 @@ namespace velmora {
 
 namespace {
 
-constexpr double textSize = 11.0;
+constexpr double chipTextSize = 11.0;
 constexpr double textOpacity = 0.85;
 constexpr int sidePadding = 7;
 constexpr int endPadding = 4;
@@ -20,7 +20,7 @@ SettingsChip::SettingsChip(QString const& text, QWidget* parent)
     : QPushButton(text, parent)
     , m_ring(new FocusRing(*this))
 {
-    setFont(SettingsLook::font(textSize));
+    setFont(SettingsLook::font(chipTextSize));
     setCheckable(true);
     setAutoDefault(true);
     setAttribute(Qt::WA_Hover);

@@ -15,6 +15,8 @@ QColor colour(float red, float green, float blue, double opacity)
 /// A pixel of the desktop's 96 to the inch in the typographer's points that fonts are asked in.
 constexpr double fontPointsPerDesktopPoint = 72.0 / 96.0;
 
+constexpr double controlTextSize = 13.0;
+
 } // namespace
 
 QColor sage(double opacity)
@@ -43,6 +45,11 @@ QFont font(double size, QFont::Weight weight)
     font.setPointSizeF(size * fontPointsPerDesktopPoint);
     font.setWeight(weight);
     return font;
+}
+
+QFont controlFont(QFont::Weight weight)
+{
+    return font(controlTextSize, weight);
 }
 
 QPalette palette()

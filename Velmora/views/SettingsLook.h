@@ -23,6 +23,9 @@ namespace velmora::SettingsLook {
 /// holds text asks the font for its measures.
 [[nodiscard]] QFont font(double size, QFont::Weight weight = QFont::Normal);
 
+/// The font of a control's own words.
+[[nodiscard]] QFont controlFont(QFont::Weight weight = QFont::Normal);
+
 /// Opacity of a control that cannot be used.
 inline constexpr double disabledOpacity = 0.45;
 

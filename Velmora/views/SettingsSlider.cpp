@@ -17,7 +17,6 @@ namespace {
 
 constexpr double knobSide = 18.0;
 constexpr double grooveHeight = 4.0;
-constexpr double ringRoom = FocusRing::room;
 constexpr int sliderHeight = 24;
 
 /// A wheel that has been quiet for this long has come to rest.
@@ -104,16 +103,17 @@ double SettingsSlider::knobX() const
 {
     double const extent = m_scale.maximum - m_scale.minimum;
     double const share = extent > 0 ? (m_current - m_scale.minimum) / extent : 0.0;
-    double const travel = width() - knobSide - 2 * ringRoom;
-    double const x = ringRoom + knobSide / 2 + share * travel;
+    double const travel = width() - knobSide - 2 * FocusRing::room;
+    double const x = FocusRing::room + knobSide / 2 + share * travel;
     return isRightToLeft() ? width() - x : x;
 }
 
 int SettingsSlider::positionUnder(double x) const
 {
     double const fromStart = isRightToLeft() ? width() - x : x;
-    double const travel = std::max(1.0, width() - knobSide - 2 * ringRoom);
-    double const share = std::clamp((fromStart - ringRoom - knobSide / 2) / travel, 0.0, 1.0);
+    double const travel = std::max(1.0, width() - knobSide - 2 * FocusRing::room);
+    double const share
+        = std::clamp((fromStart - FocusRing::room - knobSide / 2) / travel, 0.0, 1.0);
     return positionOf(m_scale.minimum + share * (m_scale.maximum - m_scale.minimum));
 }
 
@@ -206,7 +206,8 @@ void SettingsSlider::paintEvent(QPaintEvent* /*event*/)
 
     double const x = knobX();
     double const middle = height() / 2.0;
-    QRectF const groove(ringRoom, middle - grooveHeight / 2, width() - 2 * ringRoom, grooveHeight);
+    QRectF const groove(
+        FocusRing::room, middle - grooveHeight / 2, width() - 2 * FocusRing::room, grooveHeight);
     auto filled = groove;
     if (isRightToLeft())
         filled.setLeft(x);
@@ -225,8 +226,7 @@ void SettingsSlider::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(QPen(SettingsLook::shade(underMouse() ? 0.28 : 0.16), 1.0));
     painter.setBrush(isSliderDown() ? QColor(0xf1, 0xf2, 0xef) : QColor(Qt::white));
     painter.drawEllipse(knob.adjusted(0.5, 0.5, -0.5, -0.5));
-    m_ring->draw(
-        painter, knob.adjusted(-ringRoom, -ringRoom, ringRoom, ringRoom), knobSide / 2 + ringRoom);
+    m_ring->draw(painter, knob.marginsAdded(FocusRing::margins), knobSide / 2 + FocusRing::room);
 }
 
 } // namespace velmora

@@ -14,13 +14,11 @@ namespace velmora {
 namespace {
 
 constexpr QSize trackSize(36, 20);
-constexpr int ringRoom = FocusRing::room;
-constexpr int gap = 10;
+constexpr int trackGap = 10;
 constexpr double knobInset = 2.0;
-constexpr double textSize = 13.0;
 
-constexpr int takenByTrack = trackSize.width() + gap + 2 * ringRoom;
-constexpr int leastHeight = trackSize.height() + 2 * ringRoom;
+constexpr int takenByTrack = trackSize.width() + trackGap + 2 * FocusRing::room;
+constexpr int leastHeight = trackSize.height() + 2 * FocusRing::room;
 
 } // namespace
 
@@ -28,7 +26,7 @@ SettingsSwitch::SettingsSwitch(QString const& text, QWidget* parent)
     : QCheckBox(text, parent)
     , m_ring(new FocusRing(*this))
 {
-    setFont(SettingsLook::font(textSize));
+    setFont(SettingsLook::controlFont());
     setAttribute(Qt::WA_Hover);
     auto policy = QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
@@ -76,7 +74,7 @@ void SettingsSwitch::paintEvent(QPaintEvent* /*event*/)
     if (!isEnabled())
         painter.setOpacity(SettingsLook::disabledOpacity);
 
-    QRect const words(ringRoom, 0, width() - takenByTrack, height());
+    QRect const words(FocusRing::room, 0, width() - takenByTrack, height());
     auto const alignment
         = Qt::AlignVCenter | QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
     painter.setPen(SettingsLook::ink());
@@ -84,12 +82,12 @@ void SettingsSwitch::paintEvent(QPaintEvent* /*event*/)
         Qt::TextWordWrap | static_cast<int>(alignment.toInt()), text());
 
     QRect const track(
-        QPoint(width() - trackSize.width() - ringRoom, (height() - trackSize.height()) / 2),
+        QPoint(width() - trackSize.width() - FocusRing::room, (height() - trackSize.height()) / 2),
         trackSize);
     auto const shown = QRectF(QStyle::visualRect(layoutDirection(), rect(), track));
     drawTrack(painter, shown);
-    m_ring->draw(painter, shown.adjusted(-ringRoom, -ringRoom, ringRoom, ringRoom),
-        trackSize.height() / 2.0 + ringRoom);
+    m_ring->draw(painter, shown.marginsAdded(FocusRing::margins),
+        trackSize.height() / 2.0 + FocusRing::room);
 }
 
 void SettingsSwitch::drawTrack(QPainter& painter, QRectF const& track) const

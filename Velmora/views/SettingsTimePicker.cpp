@@ -13,7 +13,6 @@ namespace velmora {
 
 namespace {
 
-constexpr double textSize = 13.0;
 constexpr int minutesPerHour = 60;
 
 } // namespace
@@ -24,7 +23,7 @@ SettingsTimePicker::SettingsTimePicker(QString const& format, QWidget* parent)
     SettingsStyle::apply(*this);
     SettingsStyle::apply(*lineEdit());
     setPalette(SettingsLook::palette());
-    setFont(SettingsLook::font(textSize));
+    setFont(SettingsLook::controlFont());
     setLocale(QLocale::system());
     // A time of day alone: no day on which the clocks change can take a minute away.
     setTimeSpec(Qt::UTC);

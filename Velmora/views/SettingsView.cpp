@@ -20,10 +20,8 @@ namespace velmora {
 
 namespace {
 
-constexpr QMargins padding(20, 28, 20, 18);
-/// The buttons bring room for their focus rings along, which reaches into the padding.
-constexpr int ringRoom = FocusRing::room;
-constexpr int spacing = 10;
+constexpr QMargins formPadding(20, 28, 20, 18);
+constexpr int cardSpacing = 10;
 constexpr int actionGap = 12;
 
 constexpr SettingsLabel::Look introLook = {.size = 12.0, .opacity = 0.7};
@@ -41,8 +39,10 @@ SettingsView::SettingsView(
     setFixedWidth(static_cast<int>(SettingsPlacement::width));
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(padding - QMargins(ringRoom, 0, ringRoom, ringRoom));
-    column->setSpacing(spacing - ringRoom);
+    // The buttons bring room for their focus rings along, which reaches into the padding.
+    column->setContentsMargins(
+        formPadding - QMargins(FocusRing::room, 0, FocusRing::room, FocusRing::room));
+    column->setSpacing(cardSpacing - FocusRing::room);
     addCards(*column, chime, timeFormat);
     addActions(*column);
     column->addStretch();
@@ -60,8 +60,8 @@ SettingsView::SettingsView(
 void SettingsView::addCards(QVBoxLayout& column, ChimePlayer& chime, QString const& timeFormat)
 {
     auto* cards = new QVBoxLayout;
-    cards->setContentsMargins(ringRoom, 0, ringRoom, 0);
-    cards->setSpacing(spacing);
+    cards->setContentsMargins(FocusRing::room, 0, FocusRing::room, 0);
+    cards->setSpacing(cardSpacing);
     cards->addWidget(new SettingsLabel(
         tr("A quiet nudge to unclench, inhale, and come back."), introLook, this));
     cards->addWidget(new IntervalCard(m_model, this));

@@ -12,7 +12,7 @@ namespace {
 /// The symbol is drawn in a box of 16 by 12 units.
 constexpr QSizeF box(16.0, 12.0);
 constexpr double captionSize = 11.0;
-constexpr double opacity = 0.5;
+constexpr double symbolOpacity = 0.5;
 constexpr int degree = 16;
 
 } // namespace
@@ -50,7 +50,7 @@ void SpeakerSymbol::paintEvent(QPaintEvent* /*event*/)
     body.closeSubpath();
 
     // Drawn whole and then dimmed: the strokes must not darken where they meet.
-    auto const ink = SettingsLook::ink(opacity);
+    auto const ink = SettingsLook::ink(symbolOpacity);
     QPainterPathStroker soften;
     soften.setWidth(0.8);
     soften.setJoinStyle(Qt::RoundJoin);

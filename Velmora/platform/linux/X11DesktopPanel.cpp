@@ -1,34 +1,25 @@
 #include "Velmora/platform/linux/X11DesktopPanel.h"
 
+#include "Velmora/platform/linux/xcb/Xcb.h"
+
 #include <QByteArray>
 #include <QGuiApplication>
 #include <qguiapplication_platform.h>
 
 #include <xcb/shape.h>
-#include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <limits>
-#include <memory>
 
 namespace velmora {
 
 namespace {
 
-/// Replies of the server come from the C allocator.
-struct Free {
-    void operator()(void* p) const { std::free(p); } // NOLINT(cppcoreguidelines-no-malloc)
-};
-template <typename T>
-using Reply = std::unique_ptr<T, Free>;
-
 /// The compositing manager of the first screen; toolkits know only that one.
 constexpr std::string_view compositorOfScreen = "_NET_WM_CM_S0";
 constexpr std::uint8_t bitsPerAtom = 32;
-constexpr std::uint8_t eventTypeBits = 0x7f;
 
 std::int16_t coordinate(int value)
 {
@@ -49,11 +40,6 @@ std::vector<xcb_rectangle_t> rectangles(std::span<PixelRect const> outline)
     for (auto const& r : outline)
         result.push_back({coordinate(r.x), coordinate(r.y), extent(r.width), extent(r.height)});
     return result;
-}
-
-xcb_window_t rootWindow(xcb_connection_t* connection)
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
 }
 
 void setAtoms(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,
@@ -84,11 +70,7 @@ X11DesktopPanel::~X11DesktopPanel()
 
 std::uint32_t X11DesktopPanel::atom(std::string_view name) const
 {
-    auto const cookie
-        = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    Reply<xcb_intern_atom_reply_t> const reply(
-        xcb_intern_atom_reply(m_connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return xcb::atom(m_connection, name);
 }
 
 void X11DesktopPanel::watchCompositor()
@@ -98,14 +80,15 @@ void X11DesktopPanel::watchCompositor()
     if (!fixes || !fixes->present)
         return;
     // The server answers no other request of the extension before it knows the version.
-    Reply<xcb_xfixes_query_version_reply_t> const version(xcb_xfixes_query_version_reply(
+    xcb::Owned<xcb_xfixes_query_version_reply_t> const version(xcb_xfixes_query_version_reply(
         m_connection,
         xcb_xfixes_query_version(m_connection, XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION),
         nullptr));
     if (!version)
         return;
     m_fixesEvent = fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
-    xcb_xfixes_select_selection_input(m_connection, rootWindow(m_connection), m_compositorSelection,
+    xcb_xfixes_select_selection_input(m_connection, xcb::rootWindow(m_connection),
+        m_compositorSelection,
         XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
             | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
             | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
@@ -113,7 +96,7 @@ void X11DesktopPanel::watchCompositor()
 
 void X11DesktopPanel::readCompositor()
 {
-    Reply<xcb_get_selection_owner_reply_t> const owner(xcb_get_selection_owner_reply(
+    xcb::Owned<xcb_get_selection_owner_reply_t> const owner(xcb_get_selection_owner_reply(
         m_connection, xcb_get_selection_owner(m_connection, m_compositorSelection), nullptr));
     m_translucent = owner && owner->owner != XCB_WINDOW_NONE;
 }
@@ -176,7 +159,7 @@ bool X11DesktopPanel::nativeEventFilter(
     QByteArray const& /*type*/, void* message, qintptr* /*result*/)
 {
     auto const* event = static_cast<xcb_generic_event_t const*>(message);
-    if (m_fixesEvent < 0 || (event->response_type & eventTypeBits) != m_fixesEvent)
+    if (m_fixesEvent < 0 || xcb::typeOf(*event) != m_fixesEvent)
         return false;
     auto const* notice = static_cast<xcb_xfixes_selection_notify_event_t const*>(message);
     if (notice->selection != m_compositorSelection)

@@ -1,24 +1,17 @@
 #include "Velmora/platform/linux/X11DesktopWindow.h"
 
+#include "Velmora/platform/linux/xcb/Xcb.h"
+
 #include <QGuiApplication>
 #include <qguiapplication_platform.h>
 
-#include <xcb/xcb.h>
-
 #include <array>
-#include <cstdlib>
 #include <limits>
-#include <memory>
 #include <string_view>
 
 namespace velmora {
 
 namespace {
-
-/// Replies of the server come from the C allocator.
-struct Free {
-    void operator()(void* p) const { std::free(p); } // NOLINT(cppcoreguidelines-no-malloc)
-};
 
 constexpr std::uint32_t everyDesktop = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint32_t addState = 1;
@@ -37,11 +30,7 @@ public:
 
     [[nodiscard]] xcb_atom_t atom(std::string_view name) const
     {
-        auto const cookie = xcb_intern_atom(
-            m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-        std::unique_ptr<xcb_intern_atom_reply_t, Free> const reply(
-            xcb_intern_atom_reply(m_connection, cookie, nullptr));
-        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+        return xcb::atom(m_connection, name);
     }
 
     void send(std::string_view message, std::array<std::uint32_t, 5> const& data) const
@@ -53,8 +42,7 @@ public:
         event.type = atom(message);
         for (std::size_t i = 0; i < data.size(); ++i)
             event.data.data32[i] = data[i];
-        auto const root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
-        xcb_send_event(m_connection, 0, root,
+        xcb_send_event(m_connection, 0, xcb::rootWindow(m_connection),
             XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
             reinterpret_cast<char const*>(&event));
     }

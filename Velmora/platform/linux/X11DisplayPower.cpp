@@ -2,18 +2,11 @@
 
 #include <xcb/dpms.h>
 #include <xcb/screensaver.h>
-#include <xcb/xcb.h>
 #include <xcb/xcbext.h>
-
-#include <cstdlib>
 
 namespace velmora {
 
 namespace {
-
-struct Free {
-    void operator()(void* p) const { std::free(p); } // NOLINT(cppcoreguidelines-no-malloc)
-};
 
 bool present(xcb_connection_t* connection, xcb_extension_t* extension)
 {
@@ -23,23 +16,18 @@ bool present(xcb_connection_t* connection, xcb_extension_t* extension)
 
 /// Takes the answer to a question if it has come. True when the question is no longer under way.
 template <typename Answer>
-bool taken(xcb_connection_t* connection, unsigned question, std::unique_ptr<Answer, Free>& answer)
+bool taken(xcb_connection_t* connection, unsigned question, xcb::Owned<Answer>& answer)
 {
     void* reply = nullptr;
     xcb_generic_error_t* error = nullptr;
     if (xcb_poll_for_reply(connection, question, &reply, &error) == 0)
         return false;
-    std::unique_ptr<xcb_generic_error_t, Free> const discarded(error);
+    xcb::Owned<xcb_generic_error_t> const discarded(error);
     answer.reset(static_cast<Answer*>(reply));
     return true;
 }
 
 } // namespace
-
-void X11DisplayPower::Disconnect::operator()(xcb_connection_t* connection) const
-{
-    xcb_disconnect(connection);
-}
 
 X11DisplayPower::X11DisplayPower(char const* display)
     : m_connection(xcb_connect(display, nullptr))
@@ -70,7 +58,7 @@ void X11DisplayPower::ask()
     if (m_knowsLevel && m_levelAsked == 0)
         m_levelAsked = xcb_dpms_info_unchecked(connection).sequence;
     if (m_knowsSaver && m_saverAsked == 0) {
-        auto const root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+        auto const root = xcb::rootWindow(connection);
         m_saverAsked = xcb_screensaver_query_info_unchecked(connection, root).sequence;
     }
     xcb_flush(connection);
@@ -78,7 +66,7 @@ void X11DisplayPower::ask()
 
 void X11DisplayPower::takeLevel()
 {
-    std::unique_ptr<xcb_dpms_info_reply_t, Free> answer;
+    xcb::Owned<xcb_dpms_info_reply_t> answer;
     if (!taken(m_connection.get(), m_levelAsked, answer))
         return;
     m_levelAsked = 0;
@@ -87,7 +75,7 @@ void X11DisplayPower::takeLevel()
 
 void X11DisplayPower::takeSaver()
 {
-    std::unique_ptr<xcb_screensaver_query_info_reply_t, Free> answer;
+    xcb::Owned<xcb_screensaver_query_info_reply_t> answer;
     if (!taken(m_connection.get(), m_saverAsked, answer))
         return;
     m_saverAsked = 0;

@@ -1,11 +1,7 @@
 #pragma once
 
 #include "Velmora/platform/DisplayPower.h"
-
-#include <cstdint>
-#include <memory>
-
-struct xcb_connection_t;
+#include "Velmora/platform/linux/xcb/Xcb.h"
 
 namespace velmora {
 
@@ -27,15 +23,11 @@ public:
     [[nodiscard]] bool asleep() override;
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const;
-    };
-
     void ask();
     void takeLevel();
     void takeSaver();
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    xcb::Connection m_connection;
     bool m_knowsLevel = false;
     bool m_knowsSaver = false;
     /// The numbers of the questions that are under way; 0 is none.

@@ -1,16 +1,15 @@
 #include "Velmora/platform/linux/X11SharedFrames.h"
 
+#include "Velmora/platform/linux/xcb/Xcb.h"
+
 #include <QGuiApplication>
 #include <qguiapplication_platform.h>
 
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <xcb/shm.h>
-#include <xcb/xcb.h>
 
 #include <bit>
-#include <cstdlib>
-#include <memory>
 
 namespace velmora {
 
@@ -21,10 +20,6 @@ constexpr std::size_t bytesPerPixel = 4;
 constexpr std::uint8_t depthWithAlpha = 32;
 constexpr int ownerOnly = 0600;
 
-struct Free {
-    void operator()(void* p) const { std::free(p); } // NOLINT(cppcoreguidelines-no-malloc)
-};
-
 bool sameByteOrder(xcb_connection_t* connection)
 {
     auto const native = std::endian::native == std::endian::little ? XCB_IMAGE_ORDER_LSB_FIRST
@@ -34,7 +29,7 @@ bool sameByteOrder(xcb_connection_t* connection)
 
 bool hasAlpha(xcb_connection_t* connection, xcb_window_t window)
 {
-    std::unique_ptr<xcb_get_geometry_reply_t, Free> const geometry(
+    xcb::Owned<xcb_get_geometry_reply_t> const geometry(
         xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr));
     return geometry && geometry->depth == depthWithAlpha;
 }
@@ -55,7 +50,7 @@ bool attached(xcb_connection_t* connection, std::uint32_t segment, int id)
 {
     auto const cookie
         = xcb_shm_attach_checked(connection, segment, static_cast<std::uint32_t>(id), 0);
-    std::unique_ptr<xcb_generic_error_t, Free> const error(xcb_request_check(connection, cookie));
+    xcb::Owned<xcb_generic_error_t> const error(xcb_request_check(connection, cookie));
     return !error;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "Velmora/platform/linux/xcb/Xcb.h"
+
 #include <QSocketNotifier>
 
 #include <cstdint>
 #include <memory>
-
-struct xcb_connection_t;
 
 namespace velmora {
 
@@ -30,14 +30,10 @@ public:
     void keepAbove(std::uint32_t window);
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const;
-    };
-
     void drain();
     void riseOver(std::uint32_t sibling);
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    xcb::Connection m_connection;
     std::unique_ptr<QSocketNotifier> m_readable;
     std::uint32_t m_window = 0;
 };

@@ -15,12 +15,12 @@ QString service()
     return QStringLiteral("org.freedesktop.login1");
 }
 
-QString path()
+QString managerPath()
 {
     return QStringLiteral("/org/freedesktop/login1");
 }
 
-QString interfaceName()
+QString managerInterface()
 {
     return QStringLiteral("org.freedesktop.login1.Manager");
 }
@@ -34,8 +34,8 @@ LogindSleep::LogindSleep(QDBusConnection systemBus, QObject* parent)
 {
     if (!m_bus.isConnected())
         return;
-    m_bus.connect(service(), path(), interfaceName(), QStringLiteral("PrepareForSleep"), this,
-        SLOT(prepareForSleep(bool)));
+    m_bus.connect(service(), managerPath(), managerInterface(), QStringLiteral("PrepareForSleep"),
+        this, SLOT(prepareForSleep(bool)));
     // A login manager that starts anew has forgotten whom to wait for.
     connect(&m_loginManager, &QDBusServiceWatcher::serviceRegistered, this, [this] {
         m_sleeping = false;
@@ -47,7 +47,7 @@ LogindSleep::LogindSleep(QDBusConnection systemBus, QObject* parent)
 void LogindSleep::holdBack()
 {
     auto call = QDBusMessage::createMethodCall(
-        service(), path(), interfaceName(), QStringLiteral("Inhibit"));
+        service(), managerPath(), managerInterface(), QStringLiteral("Inhibit"));
     call << QStringLiteral("sleep") << QStringLiteral("Velmora")
          << tr("Saves the time to the next reminder") << QStringLiteral("delay");
     call.setAutoStartService(false);

@@ -1,21 +1,8 @@
 #include "Velmora/platform/linux/session/X11Watch.h"
 
-#include <cstdlib>
-
 namespace velmora {
 
 namespace {
-
-struct Free {
-    void operator()(void* memory) const
-    {
-        std::free(memory); // NOLINT(cppcoreguidelines-no-malloc): the library allocated it so
-    }
-};
-
-/// What the X library hands out is the caller's to free.
-template <typename Type>
-using Owned = std::unique_ptr<Type, Free>;
 
 /// The events of a window that mean "look again".
 void select(xcb_connection_t* connection, xcb_window_t window, std::uint32_t events)
@@ -23,12 +10,10 @@ void select(xcb_connection_t* connection, xcb_window_t window, std::uint32_t eve
     xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &events);
 }
 
-bool isOfInterest(std::uint8_t type)
+bool isOfInterest(xcb_generic_event_t const& event)
 {
-    constexpr std::uint8_t sentByAClient = 0x80;
-    auto const plain = static_cast<std::uint8_t>(type & ~sentByAClient);
-    return plain == XCB_CLIENT_MESSAGE || plain == XCB_DESTROY_NOTIFY
-        || plain == XCB_PROPERTY_NOTIFY;
+    auto const type = xcb::typeOf(event);
+    return type == XCB_CLIENT_MESSAGE || type == XCB_DESTROY_NOTIFY || type == XCB_PROPERTY_NOTIFY;
 }
 
 } // namespace
@@ -59,22 +44,14 @@ std::string X11Watch::roleOnScreen(std::string_view role) const
     return std::string(role) + "_S" + std::to_string(m_screen);
 }
 
-xcb_atom_t X11Watch::atom(std::string_view name)
-{
-    auto* const connection = m_connection.get();
-    Owned<xcb_intern_atom_reply_t> const reply(xcb_intern_atom_reply(connection,
-        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()),
-        nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-}
-
 xcb_window_t X11Watch::owner(std::string_view selection)
 {
     if (!m_connection)
         return XCB_NONE;
     auto* const connection = m_connection.get();
-    Owned<xcb_get_selection_owner_reply_t> const reply(xcb_get_selection_owner_reply(
-        connection, xcb_get_selection_owner(connection, atom(selection)), nullptr));
+    xcb::Owned<xcb_get_selection_owner_reply_t> const reply(
+        xcb_get_selection_owner_reply(connection,
+            xcb_get_selection_owner(connection, xcb::atom(connection, selection)), nullptr));
     xcb_window_t const window = reply ? reply->owner : static_cast<xcb_window_t>(XCB_NONE);
     if (window != XCB_NONE)
         select(
@@ -89,9 +66,9 @@ std::vector<unsigned char> X11Watch::property(xcb_window_t window, std::string_v
         return {};
     auto* const connection = m_connection.get();
     constexpr std::uint32_t enoughWords = 1U << 18U;
-    Owned<xcb_get_property_reply_t> const reply(xcb_get_property_reply(connection,
-        xcb_get_property(
-            connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, enoughWords),
+    xcb::Owned<xcb_get_property_reply_t> const reply(xcb_get_property_reply(connection,
+        xcb_get_property(connection, 0, window, xcb::atom(connection, name),
+            XCB_GET_PROPERTY_TYPE_ANY, 0, enoughWords),
         nullptr));
     drainSoon();
     if (!reply)
@@ -111,8 +88,8 @@ void X11Watch::drainSoon()
 void X11Watch::drain()
 {
     bool interesting = false;
-    while (Owned<xcb_generic_event_t> const event{xcb_poll_for_event(m_connection.get())})
-        interesting = interesting || isOfInterest(event->response_type);
+    while (xcb::Owned<xcb_generic_event_t> const event{xcb_poll_for_event(m_connection.get())})
+        interesting = interesting || isOfInterest(*event);
     if (xcb_connection_has_error(m_connection.get()) != 0)
         m_readable->setEnabled(false);
     if (interesting)

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Velmora/platform/linux/xcb/Xcb.h"
+
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
-
-#include <xcb/xcb.h>
 
 #include <memory>
 #include <string>
@@ -36,16 +36,11 @@ Q_SIGNALS:
     void changed();
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
-
-    [[nodiscard]] xcb_atom_t atom(std::string_view name);
     void drain();
     void drainSoon();
 
     int m_screen = 0;
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    xcb::Connection m_connection;
     std::unique_ptr<QSocketNotifier> m_readable;
     QTimer m_soon;
 };
