@@ -2,6 +2,17 @@
 #
 # clang-tidy and clazy run along with the compiler over the product's sources; the target `lint`
 # runs what looks at the tree as a whole. Any finding is an error.
+
+# velmora_not_judged(<folder>)
+#
+# What the toolkit's tools generate in that folder is compiled, but clang-tidy says nothing of it.
+function(velmora_not_judged folder)
+    if(VELMORA_LINT)
+        # One check is named because none at all is an error.
+        file(WRITE "${folder}/.clang-tidy" "Checks: '-*,misc-definitions-in-headers'\n")
+    endif()
+endfunction()
+
 if(NOT VELMORA_LINT)
     return()
 endif()
@@ -9,14 +20,14 @@ endif()
 find_program(VELMORA_CLANG_TIDY NAMES clang-tidy REQUIRED)
 find_program(VELMORA_CPPCHECK NAMES cppcheck REQUIRED)
 set(CMAKE_CXX_CLANG_TIDY "${VELMORA_CLANG_TIDY}" --quiet)
-# Following every path through the code takes a third of the time: the preset lint-deep does it.
+# Following every path through the code takes a third of the time: the preset lint-deep does it. It
+# looks at each source by itself, because the analyzer passes over what a source includes.
 if(NOT VELMORA_LINT_DEEP)
     list(APPEND CMAKE_CXX_CLANG_TIDY "--checks=-clang-analyzer-*")
 endif()
 
-# clang-tidy reads the nearest file of this name: what the toolkit's tools generate below the build
-# folder is compiled, but not judged. One check is named because none at all is an error.
-file(WRITE "${CMAKE_BINARY_DIR}/.clang-tidy" "Checks: '-*,misc-definitions-in-headers'\n")
+# clang-tidy reads the nearest file of this name. Sources that are joined lie in the build folder.
+configure_file("${PROJECT_SOURCE_DIR}/.clang-tidy" "${CMAKE_BINARY_DIR}/.clang-tidy" COPYONLY)
 
 # The compiler is clazy's wrapper, which takes its settings from the environment.
 #
