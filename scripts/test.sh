@@ -19,10 +19,10 @@ for argument in "$@"; do
     esac
 done
 
-# Most of the time these tests wait for something to be seen, so one more runs than there are cores.
+# Much of the time these tests wait for something to be seen, so two more run than there are cores.
 desktop_tests() {
     /usr/bin/python3 -m pytest tests/desktop -c tests/desktop/pytest.ini -m "$selection" \
-        --program build/dev/velmora --numprocesses "$(($(nproc) + 1))" --durations=10
+        --program build/dev/velmora --numprocesses "$(($(nproc) + 2))" --durations=10
 }
 
 # A sanitized program is slow, so only as many run at once as there are cores, and its costs are no one's.
