@@ -70,6 +70,15 @@ def test_everything_that_was_started_is_ended_and_nothing_else():
         stranger.wait()
 
 
+def test_a_display_server_that_was_killed_leaves_no_socket():
+    with Desktop() as desktop:
+        desktop.display_server.process.kill()
+        desktop.display_server.process.wait()
+        socket = desktop.display_server.socket
+        assert socket.exists()
+    assert not socket.exists()
+
+
 def test_a_process_number_that_was_given_anew_is_not_the_same_process():
     me = ProcessId.of(os.getpid())
     assert me.alive()

@@ -181,14 +181,17 @@ def test_a_login_starts_it_and_a_logout_saves_and_ends_it(plain):
     assert program.stop() == 0
     before = plain.settings.read()["heldRemaining"]
 
-    plain.processes.start("session", ["xfce4-session"],
-                          environment={"XDG_CONFIG_DIRS": str(plain.folder)})
+    session = plain.processes.start("session", ["xfce4-session"],
+                                    environment={"XDG_CONFIG_DIRS": str(plain.folder)})
     orb = wait_for(lambda: next((w for w in plain.x11.windows() if w.title == "Velmora"), None), 15,
                    "the orb of the program that the session started")
     process = ProcessId.of(orb.pid)
     assert b"SESSION_MANAGER=" in Path(f"/proc/{orb.pid}/environ").read_bytes()
     plain.processes.run(["xfce4-session-logout", "--logout", "--fast"])
     wait_for(lambda: not process.alive(), 10, "the program to end with the session")
+    wait_for(lambda: session.poll() is not None, 10, "the session to end")
+    # A session leaves its socket behind.
+    Path(f"/tmp/.ICE-unix/{session.pid}").unlink(missing_ok=True)
     assert plain.settings.read()["heldRemaining"] < before
 
 

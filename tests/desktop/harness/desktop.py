@@ -264,6 +264,6 @@ class Desktop:
             if connection:
                 connection.close()
         self.processes.end_all()
-        if self.is_wayland:
+        if self.display_server:
             self.display_server.close()
         shutil.rmtree(self.folder, ignore_errors=True)

@@ -98,9 +98,20 @@ class DisplayServer:
         with os.fdopen(read) as answer:
             return answer.readline().strip() == str(number)
 
+    @property
+    def socket(self) -> Path:
+        """Where programs come to."""
+        return Path(f"/tmp/.X11-unix/X{self.name[1:]}")
+
+    def close(self) -> None:
+        """Removes what the server leaves behind when it is killed, and removes itself otherwise."""
+        if self.process.returncode < 0:
+            self.socket.unlink(missing_ok=True)
+            Path(f"/tmp/.X{self.name[1:]}-lock").unlink(missing_ok=True)
+
     def wait(self) -> None:
         """Returns when every display of the desktop is plugged in."""
-        wait_for(lambda: Path(f"/tmp/.X11-unix/X{self.name[1:]}").exists(), COMING_UP, "the X server")
+        wait_for(self.socket.exists, COMING_UP, "the X server")
         for index, head in enumerate(self._heads):
             if index > 0:
                 self.plug(index, head)

@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QProcess>
 #include <QString>
+#include <QTemporaryDir>
 
 #include <stdexcept>
 
@@ -15,6 +16,7 @@ public:
     {
         m_daemon.start(QStringLiteral("dbus-daemon"),
             {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                QStringLiteral("--address=unix:dir=") + m_folder.path(),
                 QStringLiteral("--print-address")});
         if (!m_daemon.waitForReadyRead())
             throw std::runtime_error("no message bus");
@@ -44,6 +46,7 @@ public:
     }
 
 private:
+    QTemporaryDir m_folder;
     QProcess m_daemon;
     QString m_address;
     QStringList m_names;
