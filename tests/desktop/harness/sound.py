@@ -76,8 +76,12 @@ class PipeWire(SoundServer):
     def start(self) -> None:
         """Starts the server, anew after a `stop`."""
         self._keep_from_hardware()
-        runtime = {"PIPEWIRE_RUNTIME_DIR": str(self._socket.parents[1])}
-        self._parts = [self._processes.start(part, [part], environment=runtime) for part in self._PARTS]
+        self._parts = []
+        for part in self._PARTS:
+            self._parts.append(self._processes.start(
+                part, [part], environment={"PIPEWIRE_RUNTIME_DIR": str(self._own_socket.parent)}))
+            # The other parts come to the first, and end where it does not listen yet.
+            wait_for(lambda: listens(self._own_socket), COMING_UP, "PipeWire")
         self.process = self._parts[-1]
         self._has_sink = False
 
@@ -87,15 +91,14 @@ class PipeWire(SoundServer):
         if not self._has_sink:
             self._processes.run(["pactl", "load-module", "module-null-sink", "sink_name=null", f"rate={RATE}"])
             self._has_sink = True
-        self._processes.run(["pactl", "set-default-sink", "null"])
-        wait_for(lambda: self._processes.run(["pactl", "get-default-sink"]).strip() == "null", COMING_UP,
-                 "the sink to be the default one")
+        wait_for(self._plays_into_the_sink, COMING_UP, "the sink to be the default one")
 
     def stop(self) -> None:
         """Ends the server; programs lose their connection."""
         for part in reversed(self._parts):
             self._processes.end(part)
-        self._socket.unlink(missing_ok=True)
+        for socket in (self._socket, self._own_socket):
+            socket.unlink(missing_ok=True)
 
     def hang(self) -> None:
         """The server stops answering, and keeps its socket open."""
@@ -106,6 +109,18 @@ class PipeWire(SoundServer):
         """Ends a `hang`."""
         for part in self._parts:
             part.send_signal(signal.SIGCONT)
+
+    @property
+    def _own_socket(self) -> Path:
+        return self._socket.parents[1] / "pipewire-0"
+
+    def _plays_into_the_sink(self) -> bool:
+        try:
+            self._processes.run(["pactl", "set-default-sink", "null"])
+        except RuntimeError:
+            # The part that keeps the choice is still coming up.
+            return False
+        return self._processes.run(["pactl", "get-default-sink"]).strip() == "null"
 
     def _keep_from_hardware(self) -> None:
         # The machine's own sound cards and cameras are none of a test's business.
