@@ -101,10 +101,10 @@ class DisplayServer:
     @property
     def socket(self) -> Path:
         """Where programs come to."""
-        return Path(f"/tmp/.X11-unix/X{self.name[1:]}")
+        return x_socket(self.name)
 
     def close(self) -> None:
-        """Removes what the server leaves behind when it is killed, and removes itself otherwise."""
+        """Removes what a killed server leaves behind; one that ends by itself leaves nothing."""
         if self.process.returncode < 0:
             self.socket.unlink(missing_ok=True)
             Path(f"/tmp/.X{self.name[1:]}-lock").unlink(missing_ok=True)
@@ -167,6 +167,11 @@ class DisplayServer:
         if done.returncode != 0:
             raise RuntimeError(f"xrandr {' '.join(arguments)}: {done.stderr.strip()}")
         return done.stdout
+
+
+def x_socket(name: str) -> Path:
+    """Where programs come to the X server of that name."""
+    return Path(f"/tmp/.X11-unix/X{name[1:]}")
 
 
 def _output(index: int) -> str:

@@ -11,7 +11,7 @@ import numpy
 from gi.repository import Gio, GLib
 
 from .bus import Bus
-from .display_server import Head
+from .display_server import Head, x_socket
 from .fake_input import FakeInput
 from .processes import Processes
 from .waiting import COMING_UP, PATIENCE, listens, wait_for
@@ -60,7 +60,7 @@ class WaylandSession:
     def close(self) -> None:
         """Gives the X server's name back."""
         self._listener.close()
-        _x_socket(self.name).unlink(missing_ok=True)
+        x_socket(self.name).unlink(missing_ok=True)
 
     def plugged(self) -> dict[int, Head]:
         """The only display."""
@@ -130,16 +130,12 @@ def _listen_for_x_programs() -> tuple[socket.socket, str]:
     for number in random.sample(range(1000, 30000), 100):
         listener = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
         try:
-            listener.bind(str(_x_socket(f":{number}")))
+            listener.bind(str(x_socket(f":{number}")))
             listener.listen()
             return listener, f":{number}"
         except OSError:
             listener.close()
     raise RuntimeError("no free display name")
-
-
-def _x_socket(name: str) -> Path:
-    return Path(f"/tmp/.X11-unix/X{name[1:]}")
 
 
 def _everything(descriptor: int) -> bytes:
